@@ -1,0 +1,74 @@
+#pragma once
+// The program's module-wide values and the seams it works through. One App
+// lives for the whole run; the Windows build fills it with the real windows
+// and system calls, tests with fakes.
+#include <array>
+#include <string>
+
+#include "app/main_view.h"
+#include "app/message_boxes.h"
+#include "platform/clock.h"
+#include "platform/files.h"
+#include "platform/input_device.h"
+#include "platform/os_info.h"
+#include "platform/registry.h"
+#include "platform/settings_file.h"
+#include "platform/shell.h"
+#include "platform/window_system.h"
+#include "script/step_grid.h"
+
+struct Platform {
+    Files& files;
+    SettingsFile& ini;
+    Registry& registry;
+    Shell& shell;
+    InputDevice& input;
+    WindowSystem& windows;
+    Clock& clock;
+    OsInfo& os;
+};
+
+struct Views {
+    StepGrid& grid;
+    MainView& main;
+    MessageBoxes& boxes;
+};
+
+// The settings that live in controls while the program runs (check boxes of
+// the settings panel, the repeat toggle, the record-mode menu).
+struct SettingValues {
+    int onTop = 0;
+    std::string repeatState = "0";  // the repeat toggle's tag: "1" repeats
+    int smoothPointer = 0;
+    int showCount = 0;
+    int autoStart = 0;
+    int startMin = 0;
+    int withWindows = 0;
+    int dyk = 0;
+    int enter4Step = 0;
+    int mouseSaver = 0;
+    bool recordIntoSelected = false;  // mnuRecSelected marked, else mnuRecBeginning
+};
+
+struct App {
+    Platform& os;
+    Views& ui;
+
+    std::string programFolder;
+    std::string appTitle;
+    std::string settingsPath;
+    std::string scriptStorePath;
+    std::string errorLogPath;
+    long errorLogSizeAtStart = 0;
+    bool closingFlag = false;
+    bool firstRunDemo = false;
+    bool autoStarted = false;  // this run was started automatically at start-up
+    std::string osName;
+
+    SettingValues settings;
+    std::int16_t stopKeyCode = 27;
+    std::array<std::string, kColumnCount> columnWidths;
+
+    bool stopRequested = false;
+    std::string pendingPrefix;
+};

@@ -1,0 +1,43 @@
+#pragma once
+// The main window as the behaviour sees it: status-bar panels, the enabled
+// state of its commands, captions, timers and window state.
+#include <string>
+
+enum class Control {
+    ToolSave, ToolLoad, ToolSettings, ToolAbout, ToolHelp, ToolExit,
+    Start, Stop, Repeat, Record, RecOptions, Grid, StatusBar,
+};
+
+enum class Timer { Stop, Hotkey, ShiftNext, CursorPos, Blank, MouseSaver, ColResize };
+
+enum class WindowState { Normal, Minimised, Maximised };
+
+enum class Frame { Main, About, StopKey, Steps, Hint };
+
+class MainView {
+public:
+    virtual ~MainView() = default;
+    // Panels are numbered 1 to 6.
+    virtual void SetPanelText(int panel, const std::string& text) = 0;
+    virtual std::string PanelText(int panel) const = 0;
+    virtual void SetEnabled(Control control, bool enabled) = 0;
+    virtual bool IsEnabled(Control control) const = 0;
+    virtual void SetTimer(Timer timer, bool enabled) = 0;
+    virtual void SetTimerInterval(Timer timer, int milliseconds) = 0;
+    virtual bool TimerEnabled(Timer timer) const = 0;
+    virtual void SetCaption(const std::string& text) = 0;
+    virtual std::string RecordCaption() const = 0;
+    virtual void SetRecordCaption(const std::string& text) = 0;
+    // The repeat toggle's look: dark green when on.
+    virtual void ShowRepeatState(bool on) = 0;
+    virtual void SetFrameVisible(Frame frame, bool visible) = 0;
+    virtual bool FrameVisible(Frame frame) const = 0;
+    virtual void SetBusyPointer(bool busy) = 0;
+    virtual WindowState State() const = 0;
+    virtual void SetState(WindowState state) = 0;
+    // Outer size in twips.
+    virtual void SetSizeTwips(double width, double height) = 0;
+    virtual double HeightTwips() const = 0;
+    virtual void SetTopmost(bool topmost) = 0;
+    virtual void Show() = 0;
+};

@@ -1,0 +1,31 @@
+#pragma once
+// Time and responsive waiting. Everything runs on the user-interface thread:
+// Wait and Yield let pending window messages (and so the program's timers) run.
+#include <cstdint>
+#include <string>
+
+struct Date {
+    int year = 0;
+    int month = 0;
+    int day = 0;
+    bool operator==(const Date&) const = default;
+};
+
+class Clock {
+public:
+    virtual ~Clock() = default;
+    virtual std::uint32_t TickCount() = 0;
+    // Local wall-clock time in seconds since an arbitrary fixed origin.
+    virtual double Now() = 0;
+    virtual Date Today() = 0;
+    // The user's short date form, and back; nothing when the text is no date.
+    virtual std::string FormatShortDate(Date date) = 0;
+    virtual bool ParseShortDate(const std::string& text, Date& date) = 0;
+    // Returns after `seconds`, or as soon as `stop` is found set after a
+    // message-loop pass.
+    virtual void Wait(double seconds, const bool& stop) = 0;
+    // Lets pending window messages run once.
+    virtual void Yield() = 0;
+    // Blocks without running messages.
+    virtual void Sleep(std::uint32_t milliseconds) = 0;
+};

@@ -1,0 +1,114 @@
+#include "platform/ini_text_file.h"
+
+#include <optional>
+#include <vector>
+
+#include "script/basic_text.h"
+
+namespace {
+
+// The read buffer is 255 characters including the terminating zero.
+constexpr std::size_t kReadBufferChars = 255;
+
+std::string TrimBlanks(const std::string& text) {
+    std::size_t first = text.find_first_not_of(" \t");
+    if (first == std::string::npos) return "";
+    std::size_t last = text.find_last_not_of(" \t");
+    return text.substr(first, last - first + 1);
+}
+
+std::vector<std::string> Lines(const std::string& text) {
+    std::vector<std::string> lines;
+    std::size_t start = 0;
+    while (start < text.size()) {
+        std::size_t end = text.find('\n', start);
+        if (end == std::string::npos) end = text.size();
+        std::string line = text.substr(start, end - start);
+        if (!line.empty() && line.back() == '\r') line.pop_back();
+        lines.push_back(line);
+        start = end + 1;
+    }
+    return lines;
+}
+
+std::optional<std::string> SectionName(const std::string& line) {
+    std::string trimmed = TrimBlanks(line);
+    if (trimmed.size() < 2 || trimmed.front() != '[') return std::nullopt;
+    std::size_t close = trimmed.find(']');
+    if (close == std::string::npos) return std::nullopt;
+    return TrimBlanks(trimmed.substr(1, close - 1));
+}
+
+// The key of a "key=value" line, or nothing for comments and other lines.
+std::optional<std::string> KeyName(const std::string& line) {
+    std::string trimmed = TrimBlanks(line);
+    if (trimmed.empty() || trimmed.front() == ';') return std::nullopt;
+    std::size_t equals = trimmed.find('=');
+    if (equals == std::string::npos) return std::nullopt;
+    return TrimBlanks(trimmed.substr(0, equals));
+}
+
+std::string ValueOf(const std::string& line) {
+    std::string value = TrimBlanks(line.substr(line.find('=') + 1));
+    if (value.size() >= 2 && (value.front() == '"' || value.front() == '\'') && value.back() == value.front()) {
+        value = value.substr(1, value.size() - 2);
+    }
+    return value;
+}
+
+bool SameName(const std::string& a, const std::string& b) { return Lower(a) == Lower(b); }
+
+struct Location {
+    int sectionLine = -1;  // index of the section header
+    int keyLine = -1;      // index of the key's line
+    int lastLine = -1;     // last non-blank line inside the section
+};
+
+Location Find(const std::vector<std::string>& lines, const std::string& section, const std::string& key) {
+    Location found;
+    bool inside = false;
+    for (int i = 0; i < static_cast<int>(lines.size()); ++i) {
+        if (auto name = SectionName(lines[i])) {
+            if (inside) break;
+            inside = SameName(*name, section);
+            if (inside) found.sectionLine = found.lastLine = i;
+            continue;
+        }
+        if (!inside) continue;
+        if (!TrimBlanks(lines[i]).empty()) found.lastLine = i;
+        auto name = KeyName(lines[i]);
+        if (found.keyLine < 0 && name && SameName(*name, key)) found.keyLine = i;
+    }
+    return found;
+}
+
+}  // namespace
+
+std::string IniTextFile::Read(const std::string& section, const std::string& key, const std::string& file) {
+    auto text = files_.ReadAll(file);
+    if (!text) return "";
+    std::vector<std::string> lines = Lines(*text);
+    Location at = Find(lines, section, key);
+    if (at.keyLine < 0) return "";
+    std::string value = ValueOf(lines[at.keyLine]);
+    if (value.size() > kReadBufferChars - 1) value.resize(kReadBufferChars - 1);
+    return value;
+}
+
+int IniTextFile::Write(const std::string& section, const std::string& key, const std::string& value,
+                       const std::string& file) {
+    std::vector<std::string> lines = Lines(files_.ReadAll(file).value_or(""));
+    Location at = Find(lines, section, key);
+    std::string entry = key + "=" + value;
+    if (at.keyLine >= 0) {
+        lines[at.keyLine] = entry;
+    } else if (at.sectionLine >= 0) {
+        lines.insert(lines.begin() + at.lastLine + 1, entry);
+    } else {
+        lines.push_back("[" + section + "]");
+        lines.push_back(entry);
+    }
+    std::string text;
+    for (const std::string& line : lines) text += line + "\r\n";
+    return files_.WriteAtomically(file, text) ? 1 : 0;
+}

@@ -1,0 +1,17 @@
+#pragma once
+// The private-profile format implemented over Files, with the observable
+// semantics of GetPrivateProfileStringA / WritePrivateProfileStringA, for
+// builds other than Windows.
+#include "platform/files.h"
+#include "platform/settings_file.h"
+
+class IniTextFile : public SettingsFile {
+public:
+    explicit IniTextFile(Files& files) : files_(files) {}
+    std::string Read(const std::string& section, const std::string& key, const std::string& file) override;
+    int Write(const std::string& section, const std::string& key, const std::string& value,
+              const std::string& file) override;
+
+private:
+    Files& files_;
+};

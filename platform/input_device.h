@@ -1,0 +1,23 @@
+#pragma once
+// Input synthesis and key state, one call per Windows function the program uses.
+#include <cstdint>
+
+struct Point {
+    int x = 0;
+    int y = 0;
+    bool operator==(const Point&) const = default;
+};
+
+class InputDevice {
+public:
+    virtual ~InputDevice() = default;
+    virtual void KeybdEvent(std::uint8_t virtualKey, std::uint8_t scanCode, std::uint32_t flags) = 0;
+    virtual void MouseEvent(std::uint32_t flags, int dx, int dy) = 0;
+    virtual void SetCursorPos(int x, int y) = 0;
+    virtual Point GetCursorPos() = 0;
+    virtual int GetSystemMetrics(int index) = 0;
+    // Non-zero when the key is down now or was pressed since the last query.
+    virtual std::int16_t GetAsyncKeyState(int virtualKey) = 0;
+    virtual std::int16_t VkKeyScan(char character) = 0;
+    virtual unsigned GetDoubleClickTime() = 0;
+};

@@ -1,0 +1,114 @@
+#include "fakes/fake_platform.h"
+
+#include <cctype>
+#include <cstdio>
+#include <cstring>
+
+void FakeInput::KeybdEvent(std::uint8_t virtualKey, std::uint8_t scanCode, std::uint32_t flags) {
+    scanCodesSeen.push_back(scanCode);
+    events.push_back({InputEvent::Key, virtualKey, flags});
+}
+
+void FakeInput::MouseEvent(std::uint32_t flags, int dx, int dy) {
+    events.push_back({InputEvent::Mouse, flags, 0, dx, dy});
+}
+
+void FakeInput::SetCursorPos(int x, int y) {
+    cursor = {x, y};
+    events.push_back({InputEvent::SetPos, 0, 0, x, y});
+}
+
+std::int16_t FakeInput::VkKeyScan(char character) {
+    static const char* kUnshifted = "`1234567890-=[]\\;',./";
+    static const char* kShifted = "~!@#$%^&*()_+{}|:\"<>?";
+    static const std::uint8_t kKeys[] = {192, '1', '2', '3', '4', '5', '6', '7', '8', '9', '0',
+                                         189, 187, 219, 221, 220, 186, 222, 188, 190, 191};
+    unsigned char c = static_cast<unsigned char>(character);
+    if (std::isdigit(c)) return c;
+    if (std::islower(c)) return static_cast<std::int16_t>(std::toupper(c));
+    if (std::isupper(c)) return static_cast<std::int16_t>(0x100 | c);
+    if (c == ' ') return ' ';
+    if (const char* at = c ? std::strchr(kUnshifted, c) : nullptr) return kKeys[at - kUnshifted];
+    if (const char* at = c ? std::strchr(kShifted, c) : nullptr) {
+        // "~" shares its key with "`", "!" with "1", and so on.
+        return static_cast<std::int16_t>(0x100 | kKeys[at - kShifted]);
+    }
+    return -1;
+}
+
+WindowHandle FakeWindows::FindByTitle(const std::string& title) {
+    for (const auto& [handle, text] : titles) {
+        if (text == title) return handle;
+    }
+    return 0;
+}
+
+bool FakeWindows::SetForeground(WindowHandle window) {
+    calls.push_back("foreground " + std::to_string(window));
+    foreground = window;
+    return true;
+}
+
+bool FakeWindows::Show(WindowHandle window, int showCommand) {
+    calls.push_back("show " + std::to_string(window) + " " + std::to_string(showCommand));
+    return true;
+}
+
+bool FakeWindows::SetPos(WindowHandle window, WindowHandle insertAfter, int x, int y, int width, int height,
+                         unsigned flags) {
+    calls.push_back("setpos " + std::to_string(window) + " " + std::to_string(insertAfter) + " " +
+                    std::to_string(x) + "," + std::to_string(y) + " " + std::to_string(width) + "x" +
+                    std::to_string(height) + " " + std::to_string(flags));
+    return true;
+}
+
+bool FakeWindows::Post(WindowHandle window, unsigned message, std::uintptr_t wParam, std::intptr_t lParam) {
+    calls.push_back("post " + std::to_string(window) + " " + std::to_string(message) + " " +
+                    std::to_string(wParam) + " " + std::to_string(lParam));
+    return true;
+}
+
+std::string FakeClock::FormatShortDate(Date date) {
+    char text[32];
+    std::snprintf(text, sizeof text, "%02d/%02d/%04d", date.month, date.day, date.year);
+    return text;
+}
+
+bool FakeClock::ParseShortDate(const std::string& text, Date& date) {
+    return std::sscanf(text.c_str(), "%d/%d/%d", &date.month, &date.day, &date.year) == 3;
+}
+
+void FakeClock::RunTimersUntil(double endMs, const bool* stop) {
+    while (!(stop && *stop)) {
+        double due = view_.NextDue();
+        if (due > endMs) break;
+        nowMs = due;
+        view_.FireDue(nowMs);
+    }
+    if (!(stop && *stop)) nowMs = endMs;
+    view_.nowMs = nowMs;
+}
+
+void FakeClock::Wait(double seconds, const bool& stop) {
+    ++waits;
+    waitedSeconds.push_back(seconds);
+    RunTimersUntil(nowMs + seconds * 1000.0, &stop);
+}
+
+void FakeClock::Yield() { RunTimersUntil(nowMs + yieldCostMs, nullptr); }
+
+void FakeClock::Advance(double milliseconds) {
+    nowMs += milliseconds;
+    view_.nowMs = nowMs;
+}
+
+void FakeRegistry::SetString(RegistryRoot, const std::string& subkey, const std::string& name,
+                             const std::string& data) {
+    calls.push_back("set " + name);
+    if (!refuseWrites) values[subkey + "\\" + name] = data;
+}
+
+void FakeRegistry::DeleteValue(RegistryRoot, const std::string& subkey, const std::string& name) {
+    calls.push_back("delete " + name);
+    if (!refuseWrites) values.erase(subkey + "\\" + name);
+}

@@ -1,0 +1,136 @@
+#pragma once
+// Fakes of the operating-system seams that record every call.
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "fakes/fake_views.h"
+#include "platform/clock.h"
+#include "platform/input_device.h"
+#include "platform/os_info.h"
+#include "platform/registry.h"
+#include "platform/shell.h"
+#include "platform/window_system.h"
+
+// One synthetic input event, as the system call received it.
+struct InputEvent {
+    enum Kind { Key, Mouse, SetPos } kind;
+    std::uint32_t code;   // virtual key, or mouse flags
+    std::uint32_t flags;  // key flags (2 = key up)
+    int x = 0;
+    int y = 0;
+    bool operator==(const InputEvent&) const = default;
+};
+
+class FakeInput : public InputDevice {
+public:
+    void KeybdEvent(std::uint8_t virtualKey, std::uint8_t scanCode, std::uint32_t flags) override;
+    void MouseEvent(std::uint32_t flags, int dx, int dy) override;
+    void SetCursorPos(int x, int y) override;
+    Point GetCursorPos() override { return cursor; }
+    int GetSystemMetrics(int index) override { return index == 0 ? screenWidth : screenHeight; }
+    std::int16_t GetAsyncKeyState(int virtualKey) override { return pressedKeys.count(virtualKey) ? -32767 : 0; }
+    // A US keyboard layout: the low byte is the key, bit 8 means Shift.
+    std::int16_t VkKeyScan(char character) override;
+    unsigned GetDoubleClickTime() override { return 500; }
+
+    std::vector<InputEvent> events;
+    std::set<int> pressedKeys;
+    std::vector<std::uint8_t> scanCodesSeen;
+    Point cursor{100, 100};
+    int screenWidth = 1280;
+    int screenHeight = 1024;
+};
+
+class FakeWindows : public WindowSystem {
+public:
+    WindowHandle FindByTitle(const std::string& title) override;
+    WindowHandle Foreground() override { return foreground; }
+    bool SetForeground(WindowHandle window) override;
+    bool Show(WindowHandle window, int showCommand) override;
+    bool SetPos(WindowHandle window, WindowHandle insertAfter, int x, int y, int width, int height,
+                unsigned flags) override;
+    Rect GetRect(WindowHandle window) override { return rects[window]; }
+    bool Post(WindowHandle window, unsigned message, std::uintptr_t wParam, std::intptr_t lParam) override;
+    WindowHandle FromPoint(Point) override { return foreground; }
+    std::string Title(WindowHandle window) override { return titles[window]; }
+
+    std::map<WindowHandle, std::string> titles;
+    std::map<WindowHandle, Rect> rects;
+    WindowHandle foreground = 0;
+    std::vector<std::string> calls;  // "show 7 6", "setpos 7 1 10,20 300x200 0", ...
+};
+
+// Time that passes only when the program waits; enabled timers of the main
+// view fire at their intervals while it does.
+class FakeClock : public Clock {
+public:
+    explicit FakeClock(FakeMainView& view) : view_(view) {}
+    std::uint32_t TickCount() override { return static_cast<std::uint32_t>(nowMs); }
+    double Now() override { return originSeconds + nowMs / 1000.0; }
+    Date Today() override { return today; }
+    std::string FormatShortDate(Date date) override;
+    bool ParseShortDate(const std::string& text, Date& date) override;
+    void Wait(double seconds, const bool& stop) override;
+    void Yield() override;
+    void Sleep(std::uint32_t milliseconds) override { Advance(milliseconds); }
+    void Advance(double milliseconds);
+
+    double nowMs = 0;
+    double originSeconds = 1000000.0;
+    double yieldCostMs = 0;  // time one message-loop pass takes
+    Date today{2026, 11, 21};
+    int waits = 0;
+    std::vector<double> waitedSeconds;
+
+private:
+    void RunTimersUntil(double endMs, const bool* stop);
+    FakeMainView& view_;
+};
+
+class FakeRegistry : public Registry {
+public:
+    void SetString(RegistryRoot root, const std::string& subkey, const std::string& name,
+                   const std::string& data) override;
+    void DeleteValue(RegistryRoot root, const std::string& subkey, const std::string& name) override;
+
+    bool refuseWrites = false;  // like HKEY_LOCAL_MACHINE without the rights
+    std::map<std::string, std::string> values;  // "subkey\name" -> data
+    std::vector<std::string> calls;
+};
+
+class FakeShell : public Shell {
+public:
+    struct Call {
+        std::string file, parameters, directory;
+        int show;
+    };
+    std::intptr_t Open(const std::string& file, const std::string& parameters, const std::string& directory,
+                       int showCommand) override {
+        calls.push_back({file, parameters, directory, showCommand});
+        return 42;
+    }
+    std::vector<Call> calls;
+};
+
+class FakeOsInfo : public OsInfo {
+public:
+    OsVersion Version() override { return version; }
+    bool IsAppThemed() override { return themed; }
+    int CommonControlsMajorVersion() override { return commonControls; }
+    void InitCommonControls(unsigned size, unsigned classes) override {
+        initCalls.push_back({size, classes});
+    }
+    bool OtherInstanceRunning() override { return otherInstance; }
+    std::string ProgramFolder() override { return folder; }
+    std::string CommandLine() override { return commandLine; }
+
+    OsVersion version{true, 2, 6, 1};
+    bool themed = true;
+    int commonControls = 6;
+    bool otherInstance = false;
+    std::string folder;
+    std::string commandLine;
+    std::vector<std::pair<unsigned, unsigned>> initCalls;
+};

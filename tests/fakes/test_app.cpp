@@ -1,0 +1,41 @@
+#include "fakes/test_app.h"
+
+#include <fstream>
+#include <random>
+#include <sstream>
+
+namespace {
+std::filesystem::path FreshFolder() {
+    std::random_device random;
+    auto path = std::filesystem::temp_directory_path() / ("klickwerk-test-" + std::to_string(random()));
+    std::filesystem::create_directories(path);
+    return path;
+}
+}  // namespace
+
+TestApp::TestApp() : folder(FreshFolder()) {
+    osInfo.folder = folder.string();
+    app.programFolder = folder.string();
+    app.appTitle = "Klickwerk v1.0";
+    app.settingsPath = Path("Settings.ini");
+    app.scriptStorePath = Path("Data.dat");
+    app.errorLogPath = Path("Error.log");
+}
+
+TestApp::~TestApp() {
+    std::error_code ignored;
+    std::filesystem::permissions(folder, std::filesystem::perms::owner_all, ignored);
+    std::filesystem::remove_all(folder, ignored);
+}
+
+std::string TestApp::ReadFile(const std::string& name) const {
+    std::ifstream in(NativePath(name), std::ios::binary);
+    std::ostringstream text;
+    text << in.rdbuf();
+    return text.str();
+}
+
+void TestApp::WriteFile(const std::string& name, const std::string& data) const {
+    std::filesystem::create_directories(NativePath(name).parent_path());
+    std::ofstream(NativePath(name), std::ios::binary) << data;
+}

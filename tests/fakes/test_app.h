@@ -1,0 +1,41 @@
+#pragma once
+// A whole App over fakes and a fresh temporary program folder with real files.
+#include <filesystem>
+#include <string>
+
+#include "app/app.h"
+#include "fakes/fake_platform.h"
+#include "fakes/fake_views.h"
+#include "platform/ini_text_file.h"
+#include "platform/std_files.h"
+
+class TestApp {
+public:
+    TestApp();
+    ~TestApp();
+    TestApp(const TestApp&) = delete;
+    TestApp& operator=(const TestApp&) = delete;
+
+    // Path of a file in the program folder, as the program names it ("\Data.dat").
+    std::string Path(const std::string& name) const { return app.programFolder + "\\" + name; }
+    std::filesystem::path NativePath(const std::string& name) const { return folder / name; }
+    std::string ReadFile(const std::string& name) const;
+    void WriteFile(const std::string& name, const std::string& data) const;
+    bool Exists(const std::string& name) const { return std::filesystem::exists(NativePath(name)); }
+
+    std::filesystem::path folder;
+    StdFiles files;
+    IniTextFile ini{files};
+    FakeRegistry registry;
+    FakeShell shell;
+    FakeInput input;
+    FakeWindows windows;
+    FakeMainView main;
+    FakeClock clock{main};
+    FakeOsInfo osInfo;
+    FakeGrid grid;
+    ScriptedBoxes boxes;
+    Platform platform{files, ini, registry, shell, input, windows, clock, osInfo};
+    Views views{grid, main, boxes};
+    App app{platform, views};
+};

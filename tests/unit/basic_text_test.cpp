@@ -1,0 +1,60 @@
+#include <gtest/gtest.h>
+
+#include "script/basic_text.h"
+#include "script/runtime_error.h"
+
+TEST(BasicText, ValReadsTheLeadingNumber) {
+    struct Case {
+        const char* text;
+        double value;
+    } cases[] = {{"12abc", 12}, {"abc", 0}, {"", 0}, {"  -3.5x", -3.5}, {"1 2 3", 123}, {".5", 0.5},
+                 {"007", 7},    {"1e3", 1000}, {"1e", 1}, {"-", 0}, {"+4", 4}, {"9..1", 9}};
+    for (const Case& c : cases) EXPECT_DOUBLE_EQ(Val(c.text), c.value) << c.text;
+}
+
+TEST(BasicText, IsNumericNeedsTheWholeTrimmedText) {
+    for (const char* yes : {"1", " 12 ", "-1", ".5", "1.", "1e5", "+3"}) EXPECT_TRUE(IsNumeric(yes)) << yes;
+    for (const char* no : {"", " ", "12abc", "abc", ".", "-", "1 2", "1,5", "rnd(1,2,3)"})
+        EXPECT_FALSE(IsNumeric(no)) << no;
+}
+
+TEST(BasicText, ToBooleanAcceptsWordsAndNumbersOnly) {
+    EXPECT_TRUE(ToBoolean("True"));
+    EXPECT_TRUE(ToBoolean("TRUE"));
+    EXPECT_FALSE(ToBoolean("false"));
+    EXPECT_TRUE(ToBoolean("1"));
+    EXPECT_TRUE(ToBoolean("-1"));
+    EXPECT_FALSE(ToBoolean("0"));
+    for (const char* bad : {"yes", "", "T", "Truex"}) EXPECT_THROW(ToBoolean(bad), RuntimeError) << bad;
+}
+
+TEST(BasicText, IntegerConversionsRoundHalfToEvenOrFloor) {
+    EXPECT_EQ(CInt(2.5), 2);
+    EXPECT_EQ(CInt(3.5), 4);
+    EXPECT_EQ(CInt(-2.5), -2);
+    EXPECT_EQ(CInt(32767.4), 32767);
+    EXPECT_THROW(CInt(32768), RuntimeError);
+    EXPECT_THROW(CLng(3e9), RuntimeError);
+    EXPECT_EQ(IntPart(2.9), 2);
+    EXPECT_EQ(IntPart(-2.1), -3);
+    EXPECT_THROW(TextToLong("12abc"), RuntimeError);
+    EXPECT_EQ(TextToLong(" 12 "), 12);
+}
+
+TEST(BasicText, NumbersPrintAsBasicDoes) {
+    EXPECT_EQ(NumberText(12), "12");
+    EXPECT_EQ(NumberText(-1), "-1");
+    EXPECT_EQ(NumberText(1.5), "1.5");
+    EXPECT_EQ(NumberText(0), "0");
+    EXPECT_EQ(FixedText(1.234, 2), "1.23");
+}
+
+TEST(BasicText, SplitKeepsEmptyFieldsAndJoinRestores) {
+    auto parts = Split("a||||b||", "||");
+    ASSERT_EQ(parts.size(), 4u);
+    EXPECT_EQ(parts[1], "");
+    EXPECT_EQ(parts[3], "");
+    EXPECT_EQ(Join(parts, "||"), "a||||b||");
+    EXPECT_EQ(ReplaceAll("True|||1||True|||x", "True|||", ""), "1||x");
+    EXPECT_EQ(Split("abc", "").size(), 1u);
+}
