@@ -3,6 +3,8 @@
 // lives for the whole run; the Windows build fills it with the real windows
 // and system calls, tests with fakes.
 #include <array>
+#include <cstdint>
+#include <functional>
 #include <string>
 
 #include "app/main_view.h"
@@ -71,4 +73,20 @@ struct App {
 
     bool stopRequested = false;
     std::string pendingPrefix;
+
+    // Playback: the wall-clock moment (Clock::Now) the current step wait ends,
+    // which the pointer guard moves later, and the guard's target position.
+    double waitEndTime = 0;
+    int guardX = 0;
+    int guardY = 0;
+    // The characters typed with Shift, rebuilt for every keystroke text.
+    std::string shiftedCharacters;
+    // Draws r in [0, 1) from a generator seeded with `seed`; empty means the
+    // standard generator. Tests fix r through it.
+    std::function<double(std::uint32_t seed)> drawRandom;
+    // The user's decimal separator, for the random values' "#.00" texts.
+    char decimalSeparator = '.';
+    // Clicks cmdRecord; the recorder fills it, the stop-key timer calls it
+    // while a recording runs.
+    std::function<void()> clickRecord;
 };
