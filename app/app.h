@@ -7,6 +7,9 @@
 #include <functional>
 #include <string>
 
+#include "app/about_box.h"
+#include "app/command_seams.h"
+#include "app/file_dialogs.h"
 #include "app/main_view.h"
 #include "app/message_boxes.h"
 #include "platform/clock.h"
@@ -34,6 +37,8 @@ struct Views {
     StepGrid& grid;
     MainView& main;
     MessageBoxes& boxes;
+    FileDialogs& dialogs;
+    AboutView& about;
 };
 
 // The settings that live in controls while the program runs (check boxes of
@@ -89,4 +94,6 @@ struct App {
     // Clicks cmdRecord; the recorder fills it, the stop-key timer calls it
     // while a recording runs.
     std::function<void()> clickRecord;
+    // Main-window commands answered by other parts (settings panel, hints, close).
+    CommandSeams seams;
 };

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "app/app.h"
+#include "fakes/fake_command_views.h"
 #include "fakes/fake_platform.h"
 #include "fakes/fake_views.h"
 #include "platform/ini_text_file.h"
@@ -35,7 +36,9 @@ public:
     FakeOsInfo osInfo;
     FakeGrid grid;
     ScriptedBoxes boxes;
+    ScriptedDialogs dialogs;
+    FakeAboutView about;
     Platform platform{files, ini, registry, shell, input, windows, clock, osInfo};
-    Views views{grid, main, boxes};
+    Views views{grid, main, boxes, dialogs, about};
     App app{platform, views};
 };

@@ -1,0 +1,19 @@
+#pragma once
+// Commands of the main window that other parts of the program answer. Each
+// is empty until its part is wired in, and calling an empty one does nothing.
+#include <functional>
+
+struct CommandSeams {
+    // The settings panel docked beside the main window.
+    std::function<void()> openSettingsPanel;
+    // Stops the panel's keep-attached timer and hides the panel.
+    std::function<void()> hideSettingsPanel;
+    // Makes the hint frame fraDYK visible with a hint.
+    std::function<void()> showHint;
+    // Unloads the main window, which runs its close sequence.
+    std::function<void()> closeMainWindow;
+};
+
+inline void RunSeam(const std::function<void()>& seam) {
+    if (seam) seam();
+}

@@ -1,0 +1,57 @@
+#pragma once
+// Stand-ins for the file dialogs and the about frame.
+#include <deque>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "app/about_box.h"
+#include "app/file_dialogs.h"
+
+// Records every dialog request and answers from a script: each answer is a
+// chosen path, or nothing for Cancel. With no answer left the user cancels.
+class ScriptedDialogs : public FileDialogs {
+public:
+    struct Shown {
+        bool save;
+        FileDialogRequest request;
+    };
+    std::optional<std::string> Open(const FileDialogRequest& request) override { return Answer(false, request); }
+    std::optional<std::string> Save(const FileDialogRequest& request) override { return Answer(true, request); }
+
+    std::deque<std::optional<std::string>> answers;
+    std::vector<Shown> shown;
+    bool fail = false;  // the dialog cannot be opened
+
+private:
+    std::optional<std::string> Answer(bool save, const FileDialogRequest& request);
+};
+
+class FakeAboutView : public AboutView {
+public:
+    void SetTexts(const std::string& titleText, const std::string& buildText) override {
+        title = titleText, build = buildText;
+    }
+    double FrameWidth() const override { return frameWidth; }
+    double FrameHeight() const override { return frameHeight; }
+    double InnerWidth() const override { return innerWidth; }
+    double InnerHeight() const override { return innerHeight; }
+    void MoveTo(double newLeft, double newTop) override {
+        left = newLeft, top = newTop;
+        tops.push_back(newTop);
+    }
+    double Top() const override { return top; }
+    void SetVisible(bool shown) override { visible = shown; }
+    bool Visible() const override { return visible; }
+
+    double frameWidth = 4800;
+    double frameHeight = 2900;
+    double innerWidth = 6735;
+    double innerHeight = 6100;
+    double left = 0;
+    double top = 0;
+    bool visible = false;
+    std::string title;
+    std::string build;
+    std::vector<double> tops;  // every top the frame was moved to
+};
