@@ -2,6 +2,7 @@
 // The main window as the behaviour sees it: status-bar panels, the enabled
 // state of its commands, captions, timers and window state.
 #include <string>
+#include <vector>
 
 enum class Control {
     ToolSave, ToolLoad, ToolSettings, ToolAbout, ToolHelp, ToolExit,
@@ -13,6 +14,9 @@ enum class Timer { Stop, Hotkey, ShiftNext, CursorPos, Blank, MouseSaver, ColRes
 enum class WindowState { Normal, Minimised, Maximised };
 
 enum class Frame { Main, About, StopKey, Steps, Hint };
+
+// cmbDrop (the Button column's editor) and cmbStopKeys.
+enum class DropDown { Button, StopKeys };
 
 class MainView {
 public:
@@ -40,4 +44,7 @@ public:
     virtual double HeightTwips() const = 0;
     virtual void SetTopmost(bool topmost) = 0;
     virtual void Show() = 0;
+    // Replaces the entries of a drop-down list and shows `shown` as its text.
+    virtual void FillDropDown(DropDown list, const std::vector<std::string>& entries,
+                              const std::string& shown) = 0;
 };

@@ -95,6 +95,9 @@ public:
     double HeightTwips() const override { return heightTwips; }
     void SetTopmost(bool topmost) override { this->topmost = topmost; }
     void Show() override { shown = true; }
+    void FillDropDown(DropDown list, const std::vector<std::string>& entries, const std::string& text) override {
+        dropDowns[list] = {entries, text};
+    }
 
     // Fires the enabled timers that are due at `nowMs`, earliest first;
     // returns the time of the next due timer after that (or a huge value).
@@ -117,6 +120,11 @@ public:
     double heightTwips = 0;
     bool topmost = false;
     bool shown = false;
+    struct DropDownContent {
+        std::vector<std::string> entries;
+        std::string shown;
+    };
+    std::map<DropDown, DropDownContent> dropDowns;
 };
 
 // Message boxes that record what was shown and answer from a script; with no
