@@ -4,6 +4,33 @@
 enable_language(RC)
 set(KW_STATIC_RUNTIME -static -static-libgcc -static-libstdc++)
 
+# The pictures (program icon, the grid's background) are drawn by a script,
+# so they are data kept in the repository as code, not hand-made files.
+find_package(Python3 REQUIRED COMPONENTS Interpreter)
+set(KW_PICTURES_DIR ${CMAKE_BINARY_DIR}/generated/pictures)
+set(KW_PICTURES ${KW_PICTURES_DIR}/klickwerk.ico ${KW_PICTURES_DIR}/grid_background.bmp)
+add_custom_command(
+  OUTPUT ${KW_PICTURES}
+  COMMAND ${Python3_EXECUTABLE} ${CMAKE_SOURCE_DIR}/tools/make_pictures.py ${KW_PICTURES_DIR}
+  DEPENDS ${CMAKE_SOURCE_DIR}/tools/make_pictures.py
+  COMMENT "Drawing the program's pictures")
+
+set(KW_RESOURCE_SCRIPT ${CMAKE_SOURCE_DIR}/app/resources/klickwerk.rc)
+set_source_files_properties(${KW_RESOURCE_SCRIPT} PROPERTIES
+  OBJECT_DEPENDS "${KW_PICTURES};${CMAKE_SOURCE_DIR}/app/resources/klickwerk.manifest;${CMAKE_BINARY_DIR}/generated/version.h")
+
+add_executable(Klickwerk WIN32 ${KW_WINDOWS_SOURCES} ${KW_RESOURCE_SCRIPT})
+target_include_directories(Klickwerk PRIVATE
+  ${CMAKE_SOURCE_DIR}/app/resources ${KW_PICTURES_DIR} ${CMAKE_BINARY_DIR}/generated)
+# The program uses the ANSI calls throughout; Windows 7 is the oldest system
+# whose headers it needs (GetDpiForWindow is looked up at run time).
+target_compile_definitions(Klickwerk PRIVATE WINVER=0x0601 _WIN32_WINNT=0x0601 _WIN32_IE=0x0800
+  NOMINMAX WIN32_LEAN_AND_MEAN)
+target_compile_options(Klickwerk PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-Wall -Wextra>)
+target_link_libraries(Klickwerk PRIVATE klickwerk_core
+  comctl32 comdlg32 shell32 advapi32 uxtheme wininet gdi32 user32 kernel32)
+target_link_options(Klickwerk PRIVATE ${KW_STATIC_RUNTIME})
+
 # End-to-end fixtures: the probe that logs the input it receives, and the
 # test driver that reads the program's controls from outside.
 include(${CMAKE_SOURCE_DIR}/tests/e2e/fixtures.cmake OPTIONAL)

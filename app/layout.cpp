@@ -1,0 +1,71 @@
+#include "app/layout.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+// The main window's measures in twips.
+constexpr double kToolbarBand = 740;      // space above the grid frame
+constexpr double kAroundFrame = 800;      // client height the frame leaves
+constexpr double kFrameSideMargin = 60;
+constexpr double kGridInset = 60;         // grid to frame border, left and right
+constexpr double kGridTopInset = 180;     // room for the frame's top line
+constexpr double kGridLeavesInFrame = 300;
+constexpr double kButtonGapBelowGrid = 60;
+constexpr double kButtonHeight = 400;
+constexpr double kButtonWidth = 1400;
+constexpr double kRecOptionsWidth = 300;
+constexpr double kButtonGap = 120;
+constexpr double kMinimumWidth = 6870;
+constexpr double kMinimumHeight = 5850;
+
+// Panels 2 to 6: pointer X, pointer Y, stop key, clicks counter, steps.
+constexpr std::array<double, 5> kFixedPanelWidths = {700, 700, 1100, 900, 900};
+
+PixelRect RightOf(const PixelRect& neighbour, int gap, int width) {
+    return {neighbour.Right() + gap, neighbour.top, width, neighbour.height};
+}
+}  // namespace
+
+int TwipsToPixels(double twips, int dpi) {
+    return static_cast<int>(std::lround(twips * dpi / kTwipsPerInch));
+}
+
+double PixelsToTwips(int pixels, int dpi) {
+    return dpi > 0 ? static_cast<double>(pixels) * kTwipsPerInch / dpi : 0;
+}
+
+MainLayout LayoutMainWindow(PixelSize client, int statusBarHeight, int dpi) {
+    auto px = [dpi](double twips) { return TwipsToPixels(twips, dpi); };
+    MainLayout layout;
+    layout.frame = {px(kFrameSideMargin), px(kToolbarBand),
+                    std::max(0, client.width - px(2 * kFrameSideMargin)),
+                    std::max(0, client.height - px(kAroundFrame) - statusBarHeight)};
+    int buttonHeight = px(kButtonHeight);
+    layout.grid = {layout.frame.left + px(kGridInset), layout.frame.top + px(kGridTopInset),
+                   std::max(0, layout.frame.width - px(2 * kGridInset)),
+                   std::max(0, layout.frame.height - px(kGridLeavesInFrame) - buttonHeight)};
+    int gap = px(kButtonGap);
+    layout.start = {layout.grid.left, layout.grid.Bottom() + px(kButtonGapBelowGrid), px(kButtonWidth),
+                    buttonHeight};
+    layout.stop = RightOf(layout.start, gap, px(kButtonWidth));
+    layout.record = RightOf(layout.stop, gap, px(kButtonWidth));
+    layout.recOptions = RightOf(layout.record, 0, px(kRecOptionsWidth));
+    layout.repeat = RightOf(layout.recOptions, gap, px(kButtonWidth));
+    return layout;
+}
+
+PixelSize MinimumWindowSize(int dpi) {
+    return {TwipsToPixels(kMinimumWidth, dpi), TwipsToPixels(kMinimumHeight, dpi)};
+}
+
+std::array<int, 6> StatusPanelEdges(int clientWidth, int dpi) {
+    std::array<int, 6> edges{};
+    int fixed = 0;
+    for (double width : kFixedPanelWidths) fixed += TwipsToPixels(width, dpi);
+    edges[0] = std::max(0, clientWidth - fixed);
+    for (std::size_t panel = 1; panel < edges.size(); ++panel)
+        edges[panel] = edges[panel - 1] + TwipsToPixels(kFixedPanelWidths[panel - 1], dpi);
+    edges[5] = -1;
+    return edges;
+}

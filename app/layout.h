@@ -1,0 +1,48 @@
+#pragma once
+// Sizes of the program's own windows are twips (1440 per logical inch); the
+// windows turn them into pixels at their actual DPI with these helpers, and
+// the main window takes its layout from here.
+#include <array>
+
+inline constexpr int kTwipsPerInch = 1440;
+
+int TwipsToPixels(double twips, int dpi);
+double PixelsToTwips(int pixels, int dpi);
+
+struct PixelRect {
+    int left = 0;
+    int top = 0;
+    int width = 0;
+    int height = 0;
+    int Right() const { return left + width; }
+    int Bottom() const { return top + height; }
+    bool operator==(const PixelRect&) const = default;
+};
+
+struct PixelSize {
+    int width = 0;
+    int height = 0;
+    bool operator==(const PixelSize&) const = default;
+};
+
+// Positions inside the main window's client area, in pixels.
+struct MainLayout {
+    PixelRect frame;  // fraMain
+    PixelRect grid;   // lstMain
+    PixelRect start;
+    PixelRect stop;
+    PixelRect record;
+    PixelRect recOptions;
+    PixelRect repeat;
+};
+
+// The grid frame fills the client area above the status bar, leaving the top
+// band for the toolbar; the buttons sit on one line 60 twips below the grid.
+MainLayout LayoutMainWindow(PixelSize client, int statusBarHeight, int dpi);
+
+// The smallest outer size the main window may be given (6870 x 5850 twips).
+PixelSize MinimumWindowSize(int dpi);
+
+// Right edges of the six status-bar panels; the first panel takes what the
+// others leave, the last one runs to the bar's end (-1).
+std::array<int, 6> StatusPanelEdges(int clientWidth, int dpi);

@@ -1,0 +1,103 @@
+#include "app/layout.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+TEST(TwipsTest, ConvertsAtTheWindowsDpi) {
+    struct Case {
+        double twips;
+        int dpi;
+        int pixels;
+    };
+    const Case cases[] = {
+        {1440, 96, 96}, {1440, 144, 144}, {6855, 96, 457}, {6855, 144, 686}, {6855, 192, 914},
+        {15, 96, 1},    {7, 96, 0},       {8, 96, 1},      {-60, 96, -4},   {0, 144, 0},
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(TwipsToPixels(c.twips, c.dpi), c.pixels) << c.twips << " twips at " << c.dpi;
+        if (c.twips == 1440) {
+            EXPECT_DOUBLE_EQ(PixelsToTwips(c.pixels, c.dpi), 1440);
+        }
+    }
+    EXPECT_EQ(PixelsToTwips(10, 0), 0);
+}
+
+TEST(TwipsTest, RoundTripsWithinOnePixel) {
+    for (int dpi : {96, 120, 144, 168, 192}) {
+        for (int pixels = 0; pixels < 2000; pixels += 7)
+            EXPECT_EQ(TwipsToPixels(PixelsToTwips(pixels, dpi), dpi), pixels) << dpi;
+    }
+}
+
+class MainLayoutTest : public ::testing::TestWithParam<int> {};
+
+TEST_P(MainLayoutTest, FollowsTheTwipMeasures) {
+    int dpi = GetParam();
+    auto px = [dpi](double twips) { return TwipsToPixels(twips, dpi); };
+    PixelSize client{px(6735), px(6200)};
+    int statusBar = px(330);
+    MainLayout layout = LayoutMainWindow(client, statusBar, dpi);
+
+    EXPECT_EQ(layout.frame.width, client.width - px(120));
+    EXPECT_EQ(layout.frame.height, client.height - px(800) - statusBar);
+    EXPECT_LE(layout.frame.Bottom(), client.height - statusBar);
+    EXPECT_EQ(layout.grid.width, layout.frame.width - px(120));
+    EXPECT_EQ(layout.grid.height, layout.frame.height - px(300) - layout.start.height);
+    EXPECT_GT(layout.grid.left, layout.frame.left);
+    EXPECT_GT(layout.grid.top, layout.frame.top);
+
+    const PixelRect* buttons[] = {&layout.start, &layout.stop, &layout.record, &layout.recOptions,
+                                  &layout.repeat};
+    for (const PixelRect* button : buttons) {
+        EXPECT_EQ(button->top, layout.grid.Bottom() + px(60));
+        EXPECT_EQ(button->height, layout.start.height);
+        EXPECT_LE(button->Bottom(), layout.frame.Bottom()) << "button below the frame";
+        EXPECT_LE(button->Right(), layout.grid.Right()) << "button beyond the grid";
+    }
+    EXPECT_EQ(layout.start.left, layout.grid.left);
+    EXPECT_LT(layout.start.Right(), layout.stop.left);
+    EXPECT_LT(layout.stop.Right(), layout.record.left);
+    EXPECT_EQ(layout.record.Right(), layout.recOptions.left) << "the arrow belongs to RECORD";
+    EXPECT_LT(layout.recOptions.Right(), layout.repeat.left);
+    EXPECT_LT(layout.recOptions.width, layout.record.width);
+}
+
+TEST_P(MainLayoutTest, ButtonsFitAtTheSmallestWindow) {
+    int dpi = GetParam();
+    PixelSize minimum = MinimumWindowSize(dpi);
+    // Sizing borders take at most 8 pixels a side at 96 DPI, scaled with the DPI.
+    int border = 8 * dpi / 96;
+    PixelSize client{minimum.width - 2 * border, minimum.height - 2 * border - 31 * dpi / 96};
+    MainLayout layout = LayoutMainWindow(client, 22 * dpi / 96, dpi);
+    EXPECT_LE(layout.repeat.Right(), layout.grid.Right());
+    EXPECT_GT(layout.grid.height, 3 * layout.start.height) << "room for a few rows";
+}
+
+TEST_P(MainLayoutTest, ATinyWindowGivesEmptyRectsNotNegativeOnes) {
+    MainLayout layout = LayoutMainWindow({4, 4}, 20, GetParam());
+    EXPECT_EQ(layout.frame.width, 0);
+    EXPECT_EQ(layout.frame.height, 0);
+    EXPECT_EQ(layout.grid.width, 0);
+    EXPECT_EQ(layout.grid.height, 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(Dpi, MainLayoutTest, ::testing::Values(96, 120, 144, 192));
+
+TEST(MinimumWindowSizeTest, Is6870By5850Twips) {
+    EXPECT_EQ(MinimumWindowSize(96), (PixelSize{458, 390}));
+    EXPECT_EQ(MinimumWindowSize(144), (PixelSize{687, 585}));
+}
+
+TEST(StatusPanelEdgesTest, FirstPanelTakesTheRestAndTheLastRunsToTheEnd) {
+    for (int dpi : {96, 144}) {
+        auto edges = StatusPanelEdges(1000, dpi);
+        EXPECT_EQ(edges[5], -1);
+        for (int panel = 1; panel < 5; ++panel) EXPECT_GT(edges[panel], edges[panel - 1]) << dpi;
+        int fixedWidth = 1000 - edges[0];
+        EXPECT_EQ(edges[4], edges[0] + fixedWidth - TwipsToPixels(900, dpi)) << dpi;
+    }
+    EXPECT_EQ(StatusPanelEdges(20, 96)[0], 0) << "a narrow bar never gives a negative edge";
+}
+
+}  // namespace
