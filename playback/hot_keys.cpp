@@ -1,0 +1,58 @@
+#include "playback/hot_keys.h"
+
+#include "app/app.h"
+#include "script/grid_rules.h"
+
+namespace {
+
+bool Pressed(App& app, int virtualKey) { return app.os.input.GetAsyncKeyState(virtualKey) != 0; }
+
+void CopyPointerIntoSelection(App& app) {
+    StepGrid& grid = app.ui.grid;
+    for (int row = 1; row <= grid.RowCount(); ++row) {
+        if (!grid.Selected(row)) continue;
+        grid.SetCell(row, kColX, app.ui.main.PanelText(2));
+        grid.SetCell(row, kColY, app.ui.main.PanelText(3));
+        grid.SetChecked(row, true);
+        grid.SetMark(row, "");
+    }
+}
+
+// The one selected row, or 0 when none or several are selected.
+int SingleSelectedRow(App& app) {
+    StepGrid& grid = app.ui.grid;
+    int found = 0;
+    for (int row = 1; row <= grid.RowCount(); ++row) {
+        if (!grid.Selected(row)) continue;
+        if (found != 0) return 0;
+        found = row;
+    }
+    return found;
+}
+
+}  // namespace
+
+void OnHotkeyTimer(App& app) {
+    if (app.ui.main.RecordCaption() != "RECORD") return;
+    if (Pressed(app, kVkCopyPointer)) CopyPointerIntoSelection(app);
+    if (Pressed(app, kVkPause)) app.ui.boxes.Show("Paused. Press OK to resume.", "PAUSED", BoxStyle::Plain);
+}
+
+void OnShiftNextTimer(App& app) {
+    if (!Pressed(app, kVkNextStep)) return;
+    int row = SingleSelectedRow(app);
+    if (row == 0) return;
+    StepGrid& grid = app.ui.grid;
+    if (row < grid.RowCount()) {
+        grid.SetSelected(row, false);
+        grid.SetSelected(row + 1, true);
+    } else {
+        LstAddNew(app, true, true);
+    }
+}
+
+void OnCursorTimer(App& app) {
+    Point pointer = app.os.input.GetCursorPos();
+    app.ui.main.SetPanelText(2, std::to_string(pointer.x));
+    app.ui.main.SetPanelText(3, std::to_string(pointer.y));
+}

@@ -1,0 +1,65 @@
+#include "playback/pointer_actions.h"
+
+#include <array>
+#include <cstdint>
+#include <cstdlib>
+#include <vector>
+
+#include "app/app.h"
+#include "app/error_log.h"
+#include "script/basic_text.h"
+#include "script/vocabulary.h"
+
+namespace {
+
+// MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE with the upper half set, as sent.
+constexpr std::uint32_t kAbsoluteMove = 0xFFFF8001;
+constexpr double kAbsoluteScale = 65535;
+
+// mouse_event flags of each click action, in the order of kClickActions
+// ("No Click" ... "Right Up"); double clicks send both halves twice.
+const std::array<std::vector<std::uint32_t>, 9> kClickFlags{{
+    {}, {6}, {6, 6}, {2}, {4}, {24}, {24, 24}, {8}, {16},
+}};
+
+int Sign(int value) { return (value > 0) - (value < 0); }
+
+struct Scale {
+    double width;
+    double height;
+    int ToX(int pixels) const { return CLng(pixels * kAbsoluteScale / width); }
+    int ToY(int pixels) const { return CLng(pixels * kAbsoluteScale / height); }
+};
+
+}  // namespace
+
+void SScroll(App& app, int x, int y) {
+    Trapped(app, "SScroll", [&] {
+        InputDevice& input = app.os.input;
+        Scale scale{static_cast<double>(input.GetSystemMetrics(0)), static_cast<double>(input.GetSystemMetrics(1))};
+        int tx = scale.ToX(x), ty = scale.ToY(y);
+        int ux = CLng(kAbsoluteScale / scale.width), uy = CLng(kAbsoluteScale / scale.height);
+        Point previous{-1, -1};
+        for (bool last = false; !last;) {
+            Point pointer = input.GetCursorPos();
+            // A target off the screen can never be reached: stop at the edge.
+            if (pointer == previous) return;
+            previous = pointer;
+            int cx = scale.ToX(pointer.x), cy = scale.ToY(pointer.y);
+            int dx = tx - cx, dy = ty - cy;
+            last = std::abs(dx) < 2 * ux && std::abs(dy) < 2 * uy;
+            int nx = last ? tx : cx + Sign(dx) * 2 * ux;
+            int ny = last ? ty : cy + Sign(dy) * 2 * uy;
+            app.os.clock.Yield();
+            input.MouseEvent(kAbsoluteMove, nx, ny);
+            app.os.clock.Yield();
+        }
+    });
+}
+
+void SendClickAction(App& app, const std::string& action) {
+    for (std::size_t i = 0; i < kClickActions.size(); ++i) {
+        if (action != kClickActions[i]) continue;
+        for (std::uint32_t flags : kClickFlags[i]) app.os.input.MouseEvent(flags, 0, 0);
+    }
+}

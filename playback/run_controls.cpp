@@ -1,0 +1,41 @@
+#include "playback/run_controls.h"
+
+#include <initializer_list>
+
+#include "app/app.h"
+
+namespace {
+
+void SetToolbarEnabled(App& app, bool enabled) {
+    for (Control button : {Control::ToolSave, Control::ToolLoad, Control::ToolSettings}) {
+        app.ui.main.SetEnabled(button, enabled);
+    }
+}
+
+}  // namespace
+
+void LockForRun(App& app) {
+    MainView& main = app.ui.main;
+    for (Control control : {Control::Record, Control::RecOptions, Control::Start}) main.SetEnabled(control, false);
+    SetToolbarEnabled(app, false);
+    main.SetEnabled(Control::Grid, false);
+    main.SetTimer(Timer::Stop, true);
+    main.SetTimer(Timer::ShiftNext, false);
+}
+
+void StopButton(App& app) {
+    MainView& main = app.ui.main;
+    app.stopRequested = true;
+    main.SetTimer(Timer::MouseSaver, false);
+    for (Control control : {Control::Start, Control::Record, Control::RecOptions}) main.SetEnabled(control, true);
+    main.SetTimer(Timer::Stop, false);
+    SetToolbarEnabled(app, true);
+    DeselectAllRows(app);
+    main.SetEnabled(Control::Grid, true);
+    main.SetTimer(Timer::ShiftNext, true);
+}
+
+void DeselectAllRows(App& app) {
+    StepGrid& grid = app.ui.grid;
+    for (int row = 1; row <= grid.RowCount(); ++row) grid.SetSelected(row, false);
+}

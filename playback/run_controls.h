@@ -1,0 +1,9 @@
+#pragma once
+// Locking the main window for a run and the Stop command that unlocks it.
+struct App;
+
+// Disables what must not be used while a script plays and arms the stop key.
+void LockForRun(App& app);
+// cmdStop's click: requests the stop and returns the window to idle.
+void StopButton(App& app);
+void DeselectAllRows(App& app);

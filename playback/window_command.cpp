@@ -1,0 +1,77 @@
+#include "playback/window_command.h"
+
+#include "app/app.h"
+#include "script/basic_text.h"
+
+namespace {
+
+constexpr int kShowMinimised = 6;
+constexpr int kShowMaximised = 3;
+constexpr int kShowRestored = 9;
+constexpr unsigned kCloseMessage = 16;      // WM_CLOSE
+constexpr WindowHandle kBottomOfZOrder = 1;  // HWND_BOTTOM
+
+struct ParsedCommand {
+    std::string command;
+    std::string title;
+    std::string width = "-1";
+    std::string height = "-1";
+};
+
+ParsedCommand Parse(const std::string& text) {
+    ParsedCommand parsed;
+    std::size_t blank = text.find(' ');
+    if (blank != std::string::npos) parsed.command = Trim(text.substr(0, blank + 1));
+    std::string rest = ReplaceAll(text, parsed.command + " ", "");
+    std::size_t semicolon = rest.find(';');
+    if (semicolon == std::string::npos) {
+        parsed.title = rest;
+        return parsed;
+    }
+    parsed.title = rest.substr(0, semicolon);
+    std::vector<std::string> size = Split(Trim(rest.substr(semicolon + 1)), ",");
+    if (!size[0].empty()) parsed.width = size[0];
+    if (size.size() > 1 && !size[1].empty()) parsed.height = size[1];
+    return parsed;
+}
+
+WindowHandle Target(App& app, const std::string& title) {
+    if (Lower(title) == "%active") return app.os.windows.Foreground();
+    return app.os.windows.FindByTitle(title);
+}
+
+// Moves and sizes the window; -1 keeps an edge or an extent as it is. The
+// window also goes to the bottom of the z-order, as it always has.
+void MoveWindow(App& app, WindowHandle window, const ParsedCommand& parsed, int x, int y) {
+    Rect rect = app.os.windows.GetRect(window);
+    int left = x == -1 ? rect.left : x;
+    int top = y == -1 ? rect.top : y;
+    double width = Val(parsed.width);
+    double height = Val(parsed.height);
+    int newWidth = width == -1 ? rect.right - rect.left : CLng(width);
+    int newHeight = height == -1 ? rect.bottom - rect.top : CLng(height);
+    app.os.windows.SetPos(window, kBottomOfZOrder, left, top, newWidth, newHeight, 0);
+}
+
+}  // namespace
+
+void WinCommand(App& app, const std::string& text, int x, int y) {
+    ParsedCommand parsed = Parse(text);
+    WindowHandle window = Target(app, parsed.title);
+    if (window == 0) return;
+    WindowSystem& windows = app.os.windows;
+    const std::string& command = parsed.command;
+    if (command == "%winfoc") {
+        windows.SetForeground(window);
+    } else if (command == "%winmin") {
+        windows.Show(window, kShowMinimised);
+    } else if (command == "%winmax") {
+        windows.Show(window, kShowMaximised);
+    } else if (command == "%winrest") {
+        windows.Show(window, kShowRestored);
+    } else if (command == "%winmov") {
+        MoveWindow(app, window, parsed, x, y);
+    } else if (command == "%winclose") {
+        windows.Post(window, kCloseMessage, 0, 0);
+    }
+}
