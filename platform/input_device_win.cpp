@@ -1,0 +1,25 @@
+#include "platform/platform_win.h"
+
+void WinInput::KeybdEvent(std::uint8_t virtualKey, std::uint8_t scanCode, std::uint32_t flags) {
+    keybd_event(virtualKey, scanCode, flags, 0);
+}
+
+void WinInput::MouseEvent(std::uint32_t flags, int dx, int dy) {
+    mouse_event(flags, static_cast<DWORD>(dx), static_cast<DWORD>(dy), 0, 0);
+}
+
+void WinInput::SetCursorPos(int x, int y) { ::SetCursorPos(x, y); }
+
+Point WinInput::GetCursorPos() {
+    POINT point{};
+    ::GetCursorPos(&point);
+    return {point.x, point.y};
+}
+
+int WinInput::GetSystemMetrics(int index) { return ::GetSystemMetrics(index); }
+
+std::int16_t WinInput::GetAsyncKeyState(int virtualKey) { return ::GetAsyncKeyState(virtualKey); }
+
+std::int16_t WinInput::VkKeyScan(char character) { return VkKeyScanA(character); }
+
+unsigned WinInput::GetDoubleClickTime() { return ::GetDoubleClickTime(); }

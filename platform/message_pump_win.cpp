@@ -1,0 +1,31 @@
+#include "platform/message_pump_win.h"
+
+namespace {
+HWND navigationWindow = nullptr;
+
+void Dispatch(MSG& message) {
+    if (navigationWindow && IsWindow(navigationWindow) && IsDialogMessageA(navigationWindow, &message)) return;
+    TranslateMessage(&message);
+    DispatchMessageA(&message);
+}
+}  // namespace
+
+void SetKeyboardNavigationWindow(HWND window) { navigationWindow = window; }
+
+bool PumpPendingMessages() {
+    MSG message;
+    while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
+        if (message.message == WM_QUIT) {
+            PostQuitMessage(static_cast<int>(message.wParam));
+            return false;
+        }
+        Dispatch(message);
+    }
+    return true;
+}
+
+int RunMessageLoop() {
+    MSG message;
+    while (GetMessageA(&message, nullptr, 0, 0) > 0) Dispatch(message);
+    return static_cast<int>(message.wParam);
+}

@@ -1,0 +1,15 @@
+#pragma once
+// The one message loop of the user-interface thread, and the pass over
+// pending messages that waits and loops make to keep the windows alive.
+#include "platform/win32.h"
+
+// Tab and the arrow keys move between the controls of this window, as in a
+// dialog. One window at a time; nullptr for none.
+void SetKeyboardNavigationWindow(HWND window);
+
+// Runs every pending message once. Returns false when the program was asked
+// to quit; the request stays queued for the main loop.
+bool PumpPendingMessages();
+
+// Runs messages until the program is asked to quit; returns its exit code.
+int RunMessageLoop();

@@ -1,0 +1,28 @@
+#include "platform/platform_win.h"
+
+namespace {
+// The buffer the settings are read through: longer values come back cut.
+constexpr DWORD kReadBufferSize = 255;
+}  // namespace
+
+std::string WinSettingsFile::Read(const std::string& section, const std::string& key, const std::string& file) {
+    char buffer[kReadBufferSize];
+    DWORD length = GetPrivateProfileStringA(section.c_str(), key.c_str(), "", buffer, kReadBufferSize, file.c_str());
+    return std::string(buffer, length);
+}
+
+int WinSettingsFile::Write(const std::string& section, const std::string& key, const std::string& value,
+                           const std::string& file) {
+    // The profile call rewrites the file in place; let it work on a copy and
+    // put the copy in place afterwards.
+    std::string copy = file + ".new";
+    if (!CopyFileA(file.c_str(), copy.c_str(), FALSE)) {
+        if (GetLastError() != ERROR_FILE_NOT_FOUND) return 0;
+        DeleteFileA(copy.c_str());  // a leftover of an interrupted write
+    }
+    BOOL written = WritePrivateProfileStringA(section.c_str(), key.c_str(), value.c_str(), copy.c_str());
+    if (written && MoveFileExA(copy.c_str(), file.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
+        return written;
+    DeleteFileA(copy.c_str());
+    return 0;
+}

@@ -1,0 +1,40 @@
+#include "platform/platform_win.h"
+
+namespace {
+HWND Hwnd(WindowHandle window) { return reinterpret_cast<HWND>(window); }
+WindowHandle Handle(HWND window) { return reinterpret_cast<WindowHandle>(window); }
+}  // namespace
+
+WindowHandle WinWindows::FindByTitle(const std::string& title) { return Handle(FindWindowA(nullptr, title.c_str())); }
+
+WindowHandle WinWindows::Foreground() { return Handle(GetForegroundWindow()); }
+
+bool WinWindows::SetForeground(WindowHandle window) { return SetForegroundWindow(Hwnd(window)) != 0; }
+
+bool WinWindows::Show(WindowHandle window, int showCommand) { return ShowWindow(Hwnd(window), showCommand) != 0; }
+
+bool WinWindows::SetPos(WindowHandle window, WindowHandle insertAfter, int x, int y, int width, int height,
+                        unsigned flags) {
+    return SetWindowPos(Hwnd(window), Hwnd(insertAfter), x, y, width, height, flags) != 0;
+}
+
+Rect WinWindows::GetRect(WindowHandle window) {
+    RECT rect{};
+    GetWindowRect(Hwnd(window), &rect);
+    return {rect.left, rect.top, rect.right, rect.bottom};
+}
+
+bool WinWindows::Post(WindowHandle window, unsigned message, std::uintptr_t wParam, std::intptr_t lParam) {
+    return PostMessageA(Hwnd(window), message, wParam, lParam) != 0;
+}
+
+WindowHandle WinWindows::FromPoint(Point point) { return Handle(WindowFromPoint(POINT{point.x, point.y})); }
+
+std::string WinWindows::Title(WindowHandle window) {
+    int length = GetWindowTextLengthA(Hwnd(window));
+    if (length <= 0) return "";
+    std::string title(static_cast<std::size_t>(length) + 1, '\0');
+    int copied = GetWindowTextA(Hwnd(window), title.data(), length + 1);
+    title.resize(static_cast<std::size_t>(std::max(copied, 0)));
+    return title;
+}
