@@ -1,6 +1,7 @@
 #pragma once
 // Stand-ins for the file dialogs and the about frame.
 #include <deque>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -22,6 +23,7 @@ public:
     std::deque<std::optional<std::string>> answers;
     std::vector<Shown> shown;
     bool fail = false;  // the dialog cannot be opened
+    std::function<void(const Shown&)> onShow;
 
 private:
     std::optional<std::string> Answer(bool save, const FileDialogRequest& request);

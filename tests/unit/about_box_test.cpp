@@ -1,0 +1,102 @@
+#include <gtest/gtest.h>
+
+#include "app/about_box.h"
+#include "app/toolbar_commands.h"
+#include "fakes/test_app.h"
+#include "version.h"
+
+namespace {
+
+TEST(AboutBox, SlidePositionsStepTowardsTheTargetAndEndOnIt) {
+    EXPECT_EQ(SlidePositions(-600, 0, 200), (std::vector<double>{-600, -400, -200, 0}));
+    EXPECT_EQ(SlidePositions(-500, 100, 200), (std::vector<double>{-500, -300, -100, 100}));
+    EXPECT_EQ(SlidePositions(100, -500, -200), (std::vector<double>{100, -100, -300, -500}));
+    EXPECT_EQ(SlidePositions(50, 50, 200), (std::vector<double>{50}));
+    // A frame taller than the window starts below its target.
+    EXPECT_EQ(SlidePositions(-100, -300, 200), (std::vector<double>{-300}));
+}
+
+class AboutBoxTest : public ::testing::Test {
+protected:
+    AboutBoxTest() {
+        t.about.frameWidth = 4000;
+        t.about.frameHeight = 1000;
+        t.about.innerWidth = 6000;
+        t.about.innerHeight = 3000;  // centred top: 1000
+        // A timer that notes where the frame stands whenever messages run.
+        t.clock.yieldCostMs = 10;
+        t.main.SetTimerInterval(Timer::CursorPos, 10);
+        t.main.SetTimer(Timer::CursorPos, true);
+        t.main.onTimer = [this](Timer) { topsSeenByTimer.push_back(t.about.top); };
+    }
+    TestApp t;
+    std::vector<double> topsSeenByTimer;
+};
+
+TEST_F(AboutBoxTest, SlidesInToTheCentreYieldingAfterEveryStep) {
+    ToolbarClick(t.app, "about");
+    std::vector<double> expected;
+    for (double top = -1000; top <= 1000; top += 200) expected.push_back(top);
+    EXPECT_EQ(t.about.tops, expected);
+    EXPECT_EQ(topsSeenByTimer, expected);  // the window ran its messages at every step
+    EXPECT_EQ(t.about.left, 1000);
+    EXPECT_TRUE(t.about.visible);
+    EXPECT_EQ(t.about.title, t.app.appTitle);
+    EXPECT_EQ(t.about.build, "Build " + std::to_string(KW_BUILD_NUMBER));
+    EXPECT_FALSE(t.main.IsEnabled(Control::ToolAbout));
+}
+
+TEST_F(AboutBoxTest, ASecondClickWhileShownChangesNothing) {
+    ToolbarClick(t.app, "about");
+    std::size_t moves = t.about.tops.size();
+    ToolbarClick(t.app, "about");
+    EXPECT_EQ(t.about.tops.size(), moves);
+    EXPECT_TRUE(t.about.visible);
+    EXPECT_FALSE(t.main.IsEnabled(Control::ToolAbout));
+}
+
+TEST_F(AboutBoxTest, HidingSlidesOutAndFreesTheButton) {
+    ToolbarClick(t.app, "about");
+    t.about.tops.clear();
+    topsSeenByTimer.clear();
+    HideAbout(t.app);
+    std::vector<double> expected;
+    for (double top = 1000; top >= -1000; top -= 200) expected.push_back(top);
+    EXPECT_EQ(t.about.tops, expected);
+    EXPECT_EQ(topsSeenByTimer, expected);
+    EXPECT_FALSE(t.about.visible);
+    EXPECT_TRUE(t.main.IsEnabled(Control::ToolAbout));
+}
+
+TEST_F(AboutBoxTest, HidingDuringTheSlideInStopsIt) {
+    bool hidden = false;
+    t.main.onTimer = [&](Timer) {
+        if (t.about.top == -600 && !hidden) {
+            hidden = true;
+            HideAbout(t.app);
+        }
+    };
+    ToolbarClick(t.app, "about");
+    EXPECT_FALSE(t.about.visible);
+    EXPECT_EQ(t.about.tops.back(), -1000);
+    EXPECT_TRUE(t.main.IsEnabled(Control::ToolAbout));
+}
+
+TEST_F(AboutBoxTest, LinksOpenThroughTheShellAndHideTheBox) {
+    struct Case {
+        AboutLink link;
+        const char* target;
+    } cases[] = {{AboutLink::Mail, "mailto:support@klickwerk.example"}, {AboutLink::Web, "https://klickwerk.example/"}};
+    for (const Case& c : cases) {
+        ToolbarClick(t.app, "about");
+        OpenAboutLink(t.app, c.link);
+        ASSERT_FALSE(t.shell.calls.empty());
+        EXPECT_EQ(t.shell.calls.back().file, c.target);
+        EXPECT_EQ(t.shell.calls.back().parameters, "");
+        EXPECT_EQ(t.shell.calls.back().show, 5);
+        EXPECT_FALSE(t.about.visible);
+        EXPECT_TRUE(t.main.IsEnabled(Control::ToolAbout));
+    }
+}
+
+}  // namespace
