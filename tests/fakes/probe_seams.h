@@ -1,0 +1,58 @@
+#pragma once
+// Decorators over the real files and settings file of a TestApp that record
+// what passes through them and can make writes fail, and an App that talks
+// through them.
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "fakes/test_app.h"
+
+class RecordingSettingsFile : public SettingsFile {
+public:
+    explicit RecordingSettingsFile(SettingsFile& inner) : inner_(inner) {}
+    std::string Read(const std::string& section, const std::string& key, const std::string& file) override;
+    int Write(const std::string& section, const std::string& key, const std::string& value,
+              const std::string& file) override;
+
+    std::vector<std::string> reads;   // "Key"
+    std::vector<std::string> writes;  // "Key=Value"
+    std::vector<std::string> files;   // the file of every call, in order
+
+private:
+    SettingsFile& inner_;
+};
+
+class ProbeFiles : public Files {
+public:
+    explicit ProbeFiles(Files& inner) : inner_(inner) {}
+    std::optional<std::int64_t> Length(const std::string& path) override { return inner_.Length(path); }
+    std::optional<std::string> ReadAll(const std::string& path) override { return inner_.ReadAll(path); }
+    // Like a full disk: nothing reaches the file.
+    bool WriteAtomically(const std::string& path, const std::string& data) override;
+    bool Append(const std::string& path, const std::string& data) override { return inner_.Append(path, data); }
+    bool Copy(const std::string& from, const std::string& to) override;
+    bool Remove(const std::string& path) override { return inner_.Remove(path); }
+    bool CreateFolder(const std::string& path) override { return inner_.CreateFolder(path); }
+    std::vector<std::string> List(const std::string& pattern) override { return inner_.List(pattern); }
+
+    bool failWrites = false;
+    bool failCopies = false;
+    std::function<void(const std::string& path)> onWrite;  // runs before each atomic write
+
+private:
+    Files& inner_;
+};
+
+// A TestApp whose App reads and writes through the decorators above.
+class ProbedTestApp {
+public:
+    ProbedTestApp();
+
+    TestApp base;
+    ProbeFiles files{base.files};
+    RecordingSettingsFile ini{base.ini};
+    Platform platform{files,        ini,          base.registry, base.shell,
+                      base.input,   base.windows, base.clock,    base.osInfo};
+    App app{platform, base.views};
+};

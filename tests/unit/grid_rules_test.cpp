@@ -1,0 +1,84 @@
+#include <gtest/gtest.h>
+
+#include "fakes/test_app.h"
+#include "script/grid_rules.h"
+
+namespace {
+
+using Cells = std::array<std::string, kColumnCount>;
+
+void AddRows(FakeGrid& grid, std::initializer_list<const char*> numbers) {
+    for (const char* number : numbers) grid.Add({number, "5", "5", "Left Click", "k", "1", "1", "1"});
+}
+
+std::vector<std::string> Numbers(const FakeGrid& grid) {
+    std::vector<std::string> numbers;
+    for (const auto& row : grid.rows) numbers.push_back(row.cells[kColNumber]);
+    return numbers;
+}
+
+}  // namespace
+
+TEST(LstAddNew, AppendsADefaultStepAtTheEnd) {
+    TestApp t;
+    AddRows(t.grid, {"1", "2"});
+    LstAddNew(t.app, true, false);
+    ASSERT_EQ(t.grid.RowCount(), 3);
+    Cells expected = {"3", "-1", "-1", "No Click", "", "0", "0", "0"};
+    EXPECT_EQ(t.grid.rows[2].cells, expected);
+    EXPECT_FALSE(t.grid.Checked(3));
+    EXPECT_TRUE(t.grid.Selected(3));
+}
+
+TEST(LstAddNew, InsertsBeforeTheSelectedRowWithItsIndex) {
+    TestApp t;
+    AddRows(t.grid, {"1", "2", "3"});
+    t.grid.SetSelected(2, true);
+    LstAddNew(t.app, false, false);
+    ASSERT_EQ(t.grid.RowCount(), 4);
+    EXPECT_EQ(Numbers(t.grid), (std::vector<std::string>{"1", "2", "2", "3"}));
+    EXPECT_EQ(t.grid.Cell(2, kColButton), "No Click");
+    EXPECT_EQ(t.grid.Cell(3, kColButton), "Left Click");
+    EXPECT_TRUE(t.grid.Selected(2));
+}
+
+TEST(LstAddNew, MarksNewOnlyWhileTheRecorderIsIdle) {
+    for (const char* caption : {"RECORD", "PRESS ESCAPE TO STOP", "record"}) {
+        TestApp t;
+        t.main.recordCaption = caption;
+        LstAddNew(t.app, true, true);
+        EXPECT_EQ(t.grid.Mark(1), std::string(caption) == "RECORD" ? "NEW" : "") << caption;
+    }
+}
+
+TEST(LstAddNew, DeselectsOthersOnlyWhenAsked) {
+    for (bool deselect : {false, true}) {
+        TestApp t;
+        AddRows(t.grid, {"1", "2", "3"});
+        t.grid.SetSelected(1, true);
+        t.grid.SetSelected(3, true);
+        LstAddNew(t.app, true, deselect);
+        EXPECT_TRUE(t.grid.Selected(4)) << deselect;
+        EXPECT_EQ(t.grid.Selected(1), !deselect);
+        EXPECT_EQ(t.grid.Selected(3), !deselect);
+    }
+}
+
+TEST(LstAddNew, InsertWithoutSelectionIsLoggedAndChangesNothing) {
+    TestApp t;
+    AddRows(t.grid, {"1"});
+    LstAddNew(t.app, false, false);
+    EXPECT_EQ(t.grid.RowCount(), 1);
+    EXPECT_NE(t.ReadFile("Error.log").find(" 91 lstAddNew 0"), std::string::npos);
+}
+
+TEST(Renumber, NumbersRowsWithoutGapsAndShowsTheCount) {
+    TestApp t;
+    AddRows(t.grid, {"5", "9", "12", "x", ""});
+    Renumber(t.app);
+    EXPECT_EQ(Numbers(t.grid), (std::vector<std::string>{"1", "2", "3", "4", "5"}));
+    EXPECT_EQ(t.main.PanelText(6), "5");
+    t.grid.Clear();
+    Renumber(t.app);
+    EXPECT_EQ(t.main.PanelText(6), "0");
+}

@@ -1,0 +1,134 @@
+#include <gtest/gtest.h>
+
+#include "fakes/probe_seams.h"
+#include "fakes/test_app.h"
+#include "script/grid_rules.h"
+#include "script/script_file.h"
+
+namespace {
+
+using Cells = std::array<std::string, kColumnCount>;
+
+const Cells kNewStep = {"1", "-1", "-1", "No Click", "", "0", "0", "0"};
+
+std::vector<std::string> StatusTexts(const FakeMainView& main) {
+    std::vector<std::string> texts;
+    for (const auto& [panel, text] : main.panelWrites) {
+        if (panel == 1) texts.push_back(text);
+    }
+    return texts;
+}
+
+int ErrorLines(const TestApp& t, const std::string& label) {
+    std::string log = t.ReadFile("Error.log");
+    int count = 0;
+    for (std::size_t at = log.find(" " + label + " "); at != std::string::npos; at = log.find(" " + label + " ", at + 1))
+        ++count;
+    return count;
+}
+
+}  // namespace
+
+TEST(SaveData, WritesOneCanonicalLinePerStep) {
+    TestApp t;
+    t.grid.Add(kNewStep);
+    t.grid.Add({"2", "RND(1,5,0)", "300", "Left DblClick", "%winfoc Notepad", "1", "2.5", "3"}, false);
+    ASSERT_TRUE(SaveData(t.app, false));
+    EXPECT_EQ(t.ReadFile("Data.dat"),
+              "True|||1||-1||-1||No Click||||0||0||0\r\n"
+              "False|||2||RND(1,5,0)||300||Left DblClick||%winfoc Notepad||1||2.5||3\r\n");
+}
+
+TEST(SaveData, NumbersLinesByPositionAndReadsThemBackSo) {
+    TestApp t;
+    for (const char* number : {"5", "9", "12"}) t.grid.Add({number, "1", "2", "Left Click", "a", "0", "1", "0"});
+    ASSERT_TRUE(SaveData(t.app, false));
+    EXPECT_EQ(t.ReadFile("Data.dat").substr(0, 8), "True|||1");
+    t.grid.Clear();
+    ASSERT_TRUE(ReadData(t.app, "", false));
+    ASSERT_EQ(t.grid.RowCount(), 3);
+    for (int row = 1; row <= 3; ++row) EXPECT_EQ(t.grid.Cell(row, kColNumber), std::to_string(row));
+}
+
+TEST(SaveData, RoundTripGivesIdenticalBytes) {
+    TestApp t;
+    t.grid.Add({"1", "10", "20", "Right Down", "  padded text  ", "0", "0", "0"});
+    t.grid.Add({"2", "-1", "-1", "Right Up", "a|b", "RND(0,1,2)", "0.5", "-1"}, false);
+    t.grid.Add({"3", "", "", "", "", "", "", ""});
+    ASSERT_TRUE(SaveData(t.app, false));
+    std::string first = t.ReadFile("Data.dat");
+    t.grid.Clear();
+    ASSERT_TRUE(ReadData(t.app, "", false));
+    ASSERT_TRUE(SaveData(t.app, false));
+    EXPECT_EQ(t.ReadFile("Data.dat"), first);
+    EXPECT_FALSE(t.grid.Checked(2));
+}
+
+TEST(SaveData, NeverWritesNewRowsAndPurgeRemovesThem) {
+    for (bool purge : {false, true}) {
+        TestApp t;
+        t.grid.Add({"1", "1", "1", "No Click", "", "0", "0", "0"});
+        LstAddNew(t.app, true, true);
+        t.grid.Add({"3", "3", "3", "No Click", "", "0", "0", "0"});
+        ASSERT_EQ(t.grid.Mark(2), "NEW");
+        ASSERT_TRUE(SaveData(t.app, purge));
+        EXPECT_EQ(t.ReadFile("Data.dat"),
+                  "True|||1||1||1||No Click||||0||0||0\r\nTrue|||2||3||3||No Click||||0||0||0\r\n")
+            << purge;
+        EXPECT_EQ(t.grid.RowCount(), purge ? 2 : 3);
+        if (purge) {
+            EXPECT_EQ(t.grid.Cell(2, kColNumber), "2");
+            EXPECT_EQ(t.main.PanelText(6), "2");
+        }
+    }
+}
+
+TEST(SaveData, ShowsItsProgressAndRestoresTheWindow) {
+    ProbedTestApp p;
+    p.base.grid.Add(kNewStep);
+    bool hiddenWhileWriting = false;
+    bool busyWhileWriting = false;
+    p.files.onWrite = [&](const std::string&) {
+        hiddenWhileWriting = !p.base.main.FrameVisible(Frame::Main);
+        busyWhileWriting = p.base.main.busyPointer;
+    };
+    ASSERT_TRUE(SaveData(p.app, true));
+    EXPECT_TRUE(hiddenWhileWriting);
+    EXPECT_TRUE(busyWhileWriting);
+    EXPECT_TRUE(p.base.main.FrameVisible(Frame::Main));
+    EXPECT_FALSE(p.base.main.busyPointer);
+    std::vector<std::string> expected = {"Preparing for save... Please wait.", "Saving...  Please wait.",
+                                         "Saved successfully."};
+    EXPECT_EQ(StatusTexts(p.base.main), expected);
+}
+
+TEST(SaveData, EmptyGridLeavesTheWorkingCopyAlone) {
+    TestApp t;
+    t.WriteFile("Data.dat", "True|||1||-1||-1||No Click||||0||0||0\r\n");
+    EXPECT_TRUE(SaveData(t.app, true));
+    EXPECT_EQ(t.ReadFile("Data.dat"), "True|||1||-1||-1||No Click||||0||0||0\r\n");
+    EXPECT_TRUE(t.main.panelWrites.empty());
+    EXPECT_FALSE(t.main.busyPointer);
+}
+
+TEST(SaveData, FailedWriteKeepsThePreviousFileAndReportsFailure) {
+    ProbedTestApp p;
+    const std::string previous = "False|||1||7||7||Left Up||||0||0||0\r\n";
+    p.base.WriteFile("Data.dat", previous);
+    p.base.grid.Add(kNewStep);
+    p.files.failWrites = true;
+    EXPECT_FALSE(SaveData(p.app, false));
+    EXPECT_EQ(p.base.ReadFile("Data.dat"), previous);
+    EXPECT_EQ(ErrorLines(p.base, "SaveData"), 1);
+    EXPECT_TRUE(p.base.main.FrameVisible(Frame::Main));
+    EXPECT_FALSE(p.base.main.busyPointer);
+    EXPECT_NE(StatusTexts(p.base.main).back(), "Saved successfully.");
+}
+
+TEST(SaveData, WorkingCopyInAMissingFolderFailsWithoutCrashing) {
+    TestApp t;
+    t.app.scriptStorePath = t.Path("no such folder\\Data.dat");
+    t.grid.Add(kNewStep);
+    EXPECT_FALSE(SaveData(t.app, false));
+    EXPECT_EQ(ErrorLines(t, "SaveData"), 1);
+}
