@@ -66,7 +66,10 @@ public:
         double nextDue = 0;
     };
 
-    void SetPanelText(int panel, const std::string& text) override { panels.at(panel) = text; }
+    void SetPanelText(int panel, const std::string& text) override {
+        panels.at(panel) = text;
+        panelWrites.push_back({panel, text});
+    }
     std::string PanelText(int panel) const override { return panels.at(panel); }
     void SetEnabled(Control control, bool enabled) override { disabled[control] = !enabled; }
     bool IsEnabled(Control control) const override {
@@ -108,6 +111,7 @@ public:
     double nowMs = 0;                    // kept in step by FakeClock
 
     std::array<std::string, 7> panels;  // index 1 to 6
+    std::vector<std::pair<int, std::string>> panelWrites;  // every write, in order
     std::map<Control, bool> disabled;
     std::map<Timer, TimerSlot> timers;
     std::map<Frame, bool> hiddenFrames;
