@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr const char* kShortWaitText = "Remaining until next step: <1 second";
+constexpr const char* kRemainingPrefix = "Remaining until next step: ";
 
 bool CountdownOn(const App& app) { return app.settings.showCount == 1; }
 
@@ -18,11 +18,12 @@ bool CountdownOn(const App& app) { return app.settings.showCount == 1; }
 double WholeNow(App& app) { return std::floor(app.os.clock.Now()); }
 
 void ShowShortWait(App& app) {
-    if (CountdownOn(app)) ShowStatus(app, kShortWaitText);
+    if (CountdownOn(app)) ShowStatus(app, std::string(kRemainingPrefix) + "<1 second");
 }
 
 void ShowRemaining(App& app) {
-    if (CountdownOn(app)) ShowStatus(app, RemainingText(static_cast<long>(app.waitEndTime - WholeNow(app))));
+    if (!CountdownOn(app)) return;
+    ShowStatus(app, kRemainingPrefix + RemainingText(static_cast<long>(app.waitEndTime - WholeNow(app))));
 }
 
 // Systems without waitable timers poll the tick count instead. The wrap

@@ -1,21 +1,33 @@
 #include "fakes/fake_platform.h"
 
+#include <algorithm>
 #include <cctype>
+#include <cmath>
 #include <cstdio>
 #include <cstring>
 
 void FakeInput::KeybdEvent(std::uint8_t virtualKey, std::uint8_t scanCode, std::uint32_t flags) {
     scanCodesSeen.push_back(scanCode);
-    events.push_back({InputEvent::Key, virtualKey, flags});
+    Record({InputEvent::Key, virtualKey, flags});
 }
 
 void FakeInput::MouseEvent(std::uint32_t flags, int dx, int dy) {
-    events.push_back({InputEvent::Mouse, flags, 0, dx, dy});
+    // An absolute move places the pointer on the 0..65535 scale, kept on screen.
+    if ((flags & kAbsoluteMoveFlags) == kAbsoluteMoveFlags) {
+        cursor.x = std::clamp(static_cast<int>(std::lround(dx * screenWidth / 65535.0)), 0, screenWidth - 1);
+        cursor.y = std::clamp(static_cast<int>(std::lround(dy * screenHeight / 65535.0)), 0, screenHeight - 1);
+    }
+    Record({InputEvent::Mouse, flags, 0, dx, dy});
 }
 
 void FakeInput::SetCursorPos(int x, int y) {
     cursor = {x, y};
-    events.push_back({InputEvent::SetPos, 0, 0, x, y});
+    Record({InputEvent::SetPos, 0, 0, x, y});
+}
+
+void FakeInput::Record(const InputEvent& event) {
+    events.push_back(event);
+    if (onEvent) onEvent(event);
 }
 
 std::int16_t FakeInput::VkKeyScan(char character) {
@@ -82,10 +94,11 @@ void FakeClock::RunTimersUntil(double endMs, const bool* stop) {
     while (!(stop && *stop)) {
         double due = view_.NextDue();
         if (due > endMs) break;
-        nowMs = due;
+        // A handler that slept has already moved time past `due`.
+        nowMs = std::max(nowMs, due);
         view_.FireDue(nowMs);
     }
-    if (!(stop && *stop)) nowMs = endMs;
+    if (!(stop && *stop)) nowMs = std::max(nowMs, endMs);
     view_.nowMs = nowMs;
 }
 

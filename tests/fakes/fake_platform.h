@@ -1,5 +1,6 @@
 #pragma once
 // Fakes of the operating-system seams that record every call.
+#include <functional>
 #include <map>
 #include <set>
 #include <string>
@@ -25,6 +26,8 @@ struct InputEvent {
 
 class FakeInput : public InputDevice {
 public:
+    static constexpr std::uint32_t kAbsoluteMoveFlags = 0x8001;  // move + absolute
+
     void KeybdEvent(std::uint8_t virtualKey, std::uint8_t scanCode, std::uint32_t flags) override;
     void MouseEvent(std::uint32_t flags, int dx, int dy) override;
     void SetCursorPos(int x, int y) override;
@@ -36,11 +39,16 @@ public:
     unsigned GetDoubleClickTime() override { return 500; }
 
     std::vector<InputEvent> events;
+    // Called after each event is recorded, to look at the program mid-run.
+    std::function<void(const InputEvent&)> onEvent;
     std::set<int> pressedKeys;
     std::vector<std::uint8_t> scanCodesSeen;
     Point cursor{100, 100};
     int screenWidth = 1280;
     int screenHeight = 1024;
+
+private:
+    void Record(const InputEvent& event);
 };
 
 class FakeWindows : public WindowSystem {

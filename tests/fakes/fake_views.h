@@ -31,7 +31,10 @@ public:
     void RemoveRow(int row) override { rows.erase(rows.begin() + (row - 1)); }
     void Clear() override { rows.clear(); }
     std::string Cell(int row, int column) const override { return At(row).cells.at(column); }
-    void SetCell(int row, int column, const std::string& text) override { At(row).cells.at(column) = text; }
+    void SetCell(int row, int column, const std::string& text) override {
+        At(row).cells.at(column) = text;
+        if (onSetCell) onSetCell(row, column, text);
+    }
     bool Checked(int row) const override { return At(row).checked; }
     void SetChecked(int row, bool checked) override { At(row).checked = checked; }
     std::string Mark(int row) const override { return At(row).mark; }
@@ -52,6 +55,8 @@ public:
 
     std::vector<Row> rows;
     std::vector<ColumnInfo> columns;
+    // Called after every cell write, to follow cells that change mid-run.
+    std::function<void(int row, int column, const std::string& text)> onSetCell;
 
 private:
     Row& At(int row) { return rows.at(row - 1); }

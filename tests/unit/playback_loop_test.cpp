@@ -1,0 +1,334 @@
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+#include "app/app.h"
+#include "playback/playback_loop.h"
+#include "playback/pointer_actions.h"
+#include "playback_rig.h"
+
+namespace {
+
+constexpr int kEscape = 27;
+
+class Playback : public PlaybackRig {
+protected:
+    std::vector<std::string> BoxTexts() const {
+        std::vector<std::string> texts;
+        for (const auto& shown : t.boxes.shown) texts.push_back(shown.text);
+        return texts;
+    }
+
+    bool Idle() const {
+        for (Control control : {Control::Start, Control::Record, Control::RecOptions, Control::ToolSave,
+                                Control::ToolLoad, Control::ToolSettings, Control::Grid}) {
+            if (!t.main.IsEnabled(control)) return false;
+        }
+        return !t.main.TimerEnabled(Timer::Stop) && t.main.TimerEnabled(Timer::ShiftNext) &&
+               !t.main.TimerEnabled(Timer::MouseSaver);
+    }
+};
+
+TEST_F(Playback, ButtonPairingDecidesWhetherTheRunStarts) {
+    struct Case {
+        std::vector<const char*> buttons;
+        std::vector<std::string> boxes;
+        bool runs;
+    } cases[] = {
+        {{"Left Down", "No Click", "Left Up"}, {}, true},
+        {{"Left Up", "Left Click"}, {"Pressing Left Up before Left Down does not do anything."}, true},
+        {{"Right Up"}, {"Pressing Right Up before Right Down does not do anything."}, true},
+        {{"Right Up", "Left Up"},
+         {"Pressing Right Up before Right Down does not do anything.",
+          "Pressing Left Up before Left Down does not do anything."},
+         true},
+        {{"Left Down"}, {"Left Down is not followed by Left Up."}, false},
+        {{"Left Down", "Right Down"}, {"Right Down is not followed by Right Up."}, false},
+        {{"Left Up", "Left Down"},
+         {"Pressing Left Up before Left Down does not do anything.", "Left Down is not followed by Left Up."},
+         false},
+    };
+    for (const Case& c : cases) {
+        t.grid.rows.clear();
+        t.boxes.shown.clear();
+        t.input.events.clear();
+        t.main.panels[1].clear();
+        for (const char* button : c.buttons) AddStep("10", "20", button, "");
+        StartButton(app);
+        EXPECT_EQ(BoxTexts(), c.boxes) << c.buttons.front();
+        EXPECT_EQ(!MouseEvents().empty(), c.runs) << c.buttons.front();
+        if (!c.runs) {
+            EXPECT_EQ(t.boxes.shown.back().style, BoxStyle::Error);
+            EXPECT_EQ(t.boxes.shown.back().title, app.appTitle);
+            EXPECT_EQ(t.main.panels[1], c.boxes.back());
+        }
+        EXPECT_TRUE(Idle());
+    }
+}
+
+TEST_F(Playback, AFailedPairingCheckNeitherSavesNorLocks) {
+    AddStep("10", "20", "Right Down", "", "0", "0", "0", false);
+    StartButton(app);
+    EXPECT_FALSE(t.Exists("Data.dat"));
+    EXPECT_TRUE(t.input.events.empty());
+    EXPECT_TRUE(Idle());
+}
+
+TEST_F(Playback, AnEmptyGridDoesNothing) {
+    StartButton(app);
+    EXPECT_FALSE(t.Exists("Data.dat"));
+    EXPECT_TRUE(t.boxes.shown.empty());
+    EXPECT_FALSE(app.stopRequested);
+}
+
+TEST_F(Playback, LocksTheWindowWhileRunningAndUnlocksItAfterwards) {
+    AddStep("10", "20", "No Click", "", "0", "5");
+    app.settings.startMin = 1;
+    app.settings.mouseSaver = 1;
+    t.grid.rows[0].selected = true;
+    bool checkedMidRun = false;
+    At(2000, [&] {
+        checkedMidRun = true;
+        for (Control control : {Control::Start, Control::Record, Control::RecOptions, Control::ToolSave,
+                                Control::ToolLoad, Control::ToolSettings, Control::Grid})
+            EXPECT_FALSE(t.main.IsEnabled(control));
+        EXPECT_TRUE(t.main.IsEnabled(Control::Stop));
+        EXPECT_TRUE(t.main.IsEnabled(Control::Repeat));
+        EXPECT_TRUE(t.main.TimerEnabled(Timer::Stop));
+        EXPECT_FALSE(t.main.TimerEnabled(Timer::ShiftNext));
+        EXPECT_TRUE(t.main.TimerEnabled(Timer::MouseSaver));
+        EXPECT_EQ(t.main.state, WindowState::Minimised);
+        EXPECT_FALSE(t.grid.rows[0].selected);
+    });
+    StartButton(app);
+    EXPECT_TRUE(checkedMidRun);
+    EXPECT_TRUE(t.Exists("Data.dat"));
+    EXPECT_TRUE(Idle());
+    EXPECT_TRUE(app.stopRequested);
+    EXPECT_EQ(t.main.state, WindowState::Normal);
+}
+
+TEST_F(Playback, ColoursPassedRowsAndCountsCheckedSteps) {
+    AddStep("10", "20", "Left Click", "", "0", "1");
+    AddStep("10", "20", "Left Click", "", "0", "1", "0", false);
+    AddStep("10", "20", "Left Click", "", "0", "1", "2");
+    std::vector<std::uint32_t> coloursDuringLastStep;
+    At(1500, [&] {
+        for (const auto& row : t.grid.rows) coloursDuringLastStep.push_back(row.colour);
+    });
+    StartButton(app);
+    EXPECT_EQ(coloursDuringLastStep, (std::vector<std::uint32_t>(3, kPlayedRowColour)));
+    for (const auto& row : t.grid.rows) EXPECT_EQ(row.colour, kButtonTextColour);
+    EXPECT_EQ(t.main.panels[5], "2");
+    EXPECT_EQ(MouseEvents().size(), 4u);
+}
+
+TEST_F(Playback, RepeatTwoPerformsThreeTimesAndRestoresTheCell) {
+    AddStep("10", "20", "Left Click", "ab", "0", "1", "2");
+    std::vector<std::string> repeatWrites;
+    t.grid.onSetCell = [&](int, int column, const std::string& text) {
+        if (column == kColRepeat) repeatWrites.push_back(text);
+    };
+    StartButton(app);
+    EXPECT_EQ(repeatWrites, (std::vector<std::string>{"2", "1", "0", "-1", "2"}));
+    EXPECT_EQ(MouseEvents().size(), 3u);
+    EXPECT_EQ(KeyEvents().size(), 12u);
+    EXPECT_EQ(t.clock.nowMs, 3 * 1100);
+    // The pointer is placed once per step, not once per performance.
+    EXPECT_EQ(EventsOf(InputEvent::SetPos).size(), 1u);
+}
+
+TEST_F(Playback, RandomCellsAreEvaluatedAndTheExpressionKept) {
+    app.drawRandom = [](std::uint32_t) { return 0.5; };
+    AddStep("RND(100,100,0)", "rnd(0,400,0)", "Left Click", "", "0", "RND(0,1,2)", "RND(1,0,0)");
+    StartButton(app);
+    EXPECT_EQ(EventsOf(InputEvent::SetPos).front(), (InputEvent{InputEvent::SetPos, 0, 0, 150, 200}));
+    EXPECT_EQ(MouseEvents().size(), 2u);
+    EXPECT_EQ(t.clock.waitedSeconds, (std::vector<double>{0.5, 0.5}));
+    EXPECT_EQ(t.grid.Cell(1, kColRepeat), "RND(1,0,0)");
+}
+
+TEST_F(Playback, MinusOneKeepsThatCoordinateOfThePointer) {
+    t.input.cursor = {640, 480};
+    AddStep("-1", "300", "No Click", "");
+    AddStep("25", "-1", "No Click", "");
+    StartButton(app);
+    std::vector<InputEvent> moves = EventsOf(InputEvent::SetPos);
+    ASSERT_EQ(moves.size(), 2u);
+    EXPECT_EQ(moves[0], (InputEvent{InputEvent::SetPos, 0, 0, 640, 300}));
+    EXPECT_EQ(moves[1], (InputEvent{InputEvent::SetPos, 0, 0, 25, 300}));
+}
+
+TEST_F(Playback, WaitsMinutesTimesSixtyPlusSeconds) {
+    AddStep("10", "20", "No Click", "", "1", "30");
+    AddStep("10", "20", "No Click", "", "-1", "0");
+    StartButton(app);
+    EXPECT_EQ(t.clock.nowMs, 90000);
+}
+
+TEST_F(Playback, KeystrokeTextIsTrimmedInTheGridAndTyped) {
+    AddStep("10", "20", "No Click", "  ab  ");
+    AddStep("10", "20", "No Click", "   ");
+    StartButton(app);
+    EXPECT_EQ(t.grid.Cell(1, kColAdditional), "ab");
+    EXPECT_EQ(t.grid.Cell(2, kColAdditional), "");
+    EXPECT_EQ(KeyEvents(), (std::vector<InputEvent>{Down('A'), Up('A'), Down('B'), Up('B')}));
+    EXPECT_EQ(t.clock.waitedSeconds, std::vector<double>{0.1});
+}
+
+TEST_F(Playback, APendingPrefixCarriesAcrossSteps) {
+    AddStep("10", "20", "No Click", "50%");
+    AddStep("10", "20", "No Click", ".");
+    StartButton(app);
+    EXPECT_EQ(KeyEvents(), (std::vector<InputEvent>{Down('5'), Up('5'), Down('0'), Up('0'), Down(40)}));
+}
+
+TEST_F(Playback, WindowCommandsGetTheCellsAsEntered) {
+    t.windows.titles[8] = "Calculator";
+    t.windows.rects[8] = {100, 50, 400, 350};
+    AddStep("-1", "-1", "Left Click", "%winmov Calculator; 300,200 ");
+    StartButton(app);
+    EXPECT_EQ(t.windows.calls, std::vector<std::string>{"setpos 8 1 100,50 300x200 0"});
+    EXPECT_TRUE(KeyEvents().empty());
+    EXPECT_EQ(t.grid.Cell(1, kColAdditional), "%winmov Calculator; 300,200 ");
+}
+
+TEST_F(Playback, ANonNumericCellEndsTheRunWithALogLine) {
+    AddStep("10", "20", "Left Click", "", "0", "1", "RND(1,0,0)");
+    AddStep("10", "20", "Left Click", "", "abc", "0", "5");
+    AddStep("10", "20", "Left Click", "", "0", "0");
+    StartButton(app);
+    EXPECT_NE(t.ReadFile("Error.log").find("Type mismatch 13 StartButton"), std::string::npos);
+    EXPECT_EQ(MouseEvents().size(), 3u);
+    EXPECT_EQ(t.grid.Cell(2, kColRepeat), "5");
+    EXPECT_EQ(t.grid.Cell(1, kColRepeat), "RND(1,0,0)");
+    EXPECT_TRUE(Idle());
+}
+
+TEST_F(Playback, StopKeyEndsATenMinuteWait) {
+    AddStep("10", "20", "Left Click", "", "10", "0");
+    AddStep("10", "20", "Left Click", "", "0", "0");
+    PressKeyAt(kEscape, 5000);
+    StartButton(app);
+    EXPECT_GE(t.clock.nowMs, 5000);
+    EXPECT_LE(t.clock.nowMs, 5020);
+    EXPECT_EQ(MouseEvents().size(), 1u);
+    EXPECT_TRUE(Idle());
+}
+
+TEST_F(Playback, RepeatToggleReplaysUntilTheStopKey) {
+    app.settings.repeatState = "1";
+    AddStep("10", "20", "Left Click", "", "0", "1");
+    PressKeyAt(kEscape, 3500);
+    StartButton(app);
+    EXPECT_EQ(MouseEvents().size(), 4u);
+    EXPECT_TRUE(app.stopRequested);
+    EXPECT_TRUE(Idle());
+    for (const auto& row : t.grid.rows) EXPECT_EQ(row.colour, kButtonTextColour);
+}
+
+TEST_F(Playback, SwitchingTheToggleOffMakesTheCurrentPassTheLast) {
+    app.settings.repeatState = "1";
+    AddStep("10", "20", "Left Click", "", "0", "1");
+    At(1500, [&] { app.settings.repeatState = "0"; });
+    StartButton(app);
+    EXPECT_EQ(MouseEvents().size(), 2u);
+    EXPECT_EQ(t.clock.nowMs, 2000);
+}
+
+TEST_F(Playback, NoCheckedRowsWithRepeatOnStillListensForTheStopKey) {
+    app.settings.repeatState = "1";
+    t.clock.yieldCostMs = 1;
+    AddStep("10", "20", "Left Click", "", "0", "1", "0", false);
+    PressKeyAt(kEscape, 100);
+    StartButton(app);
+    EXPECT_TRUE(t.input.events.empty());
+    EXPECT_LE(t.clock.nowMs, 120);
+    EXPECT_TRUE(Idle());
+}
+
+TEST_F(Playback, AnAutomaticStartSwitchesAutoStartOffAfterTheRun) {
+    t.WriteFile("Settings.ini", "[MAIN]\r\nAutoStart=1\r\nStopKey=27\r\n");
+    app.settings.autoStart = 1;
+    app.autoStarted = true;
+    AddStep("10", "20", "No Click", "");
+    StartButton(app);
+    EXPECT_EQ(t.ini.Read("MAIN", "AutoStart", app.settingsPath), "0");
+    EXPECT_EQ(app.settings.autoStart, 0);
+    EXPECT_FALSE(app.autoStarted);
+}
+
+TEST(ClickActions, SendTheirMouseEventFlags) {
+    struct Case {
+        const char* action;
+        std::vector<std::uint32_t> flags;
+    } cases[] = {
+        {"No Click", {}},      {"Left Click", {6}},      {"Left DblClick", {6, 6}}, {"Left Down", {2}},
+        {"Left Up", {4}},      {"Right Click", {24}},    {"Right DblClick", {24, 24}}, {"Right Down", {8}},
+        {"Right Up", {16}},    {"left click", {}},       {"", {}},
+    };
+    for (const Case& c : cases) {
+        TestApp t;
+        SendClickAction(t.app, c.action);
+        std::vector<std::uint32_t> sent;
+        for (const InputEvent& event : t.input.events) {
+            EXPECT_EQ(event.x, 0);
+            sent.push_back(event.code);
+        }
+        EXPECT_EQ(sent, c.flags) << c.action;
+    }
+}
+
+class SmoothMove : public Playback {
+protected:
+    SmoothMove() { t.input.cursor = {100, 100}; }
+    std::vector<InputEvent> Moves() const { return MouseEvents(); }
+};
+
+TEST_F(SmoothMove, GlidesTwoPixelsPerAxisAndEndsExactlyOnTarget) {
+    SScroll(app, 400, 250);
+    std::vector<InputEvent> moves = Moves();
+    ASSERT_FALSE(moves.empty());
+    for (const InputEvent& move : moves) EXPECT_EQ(move.code, 0xFFFF8001u);
+    // 65535 / 1280 and 65535 / 1024 rounded: one pixel on each axis.
+    EXPECT_EQ(moves.front().x, 5120 + 2 * 51);
+    EXPECT_EQ(moves.front().y, 6400 + 2 * 64);
+    EXPECT_EQ(moves.back().x, 20480);
+    EXPECT_EQ(moves.back().y, 16000);
+    EXPECT_EQ(t.input.cursor, (Point{400, 250}));
+    // Diagonal until the vertical distance is covered, then straight.
+    InputEvent halfway = moves[74];
+    EXPECT_EQ(halfway.y, moves.back().y);
+    EXPECT_LT(halfway.x, moves.back().x);
+}
+
+TEST_F(SmoothMove, YieldsBeforeAndAfterEveryMove) {
+    t.clock.yieldCostMs = 1;
+    SScroll(app, 110, 100);
+    EXPECT_EQ(t.clock.nowMs, 2.0 * Moves().size());
+}
+
+TEST_F(SmoothMove, ATargetOffTheScreenEndsAtTheEdge) {
+    SScroll(app, 5000, 5000);
+    EXPECT_EQ(t.input.cursor, (Point{1279, 1023}));
+}
+
+TEST_F(SmoothMove, PlaybackSwitchesThePointerGuardOffDuringTheMove) {
+    app.settings.smoothPointer = 1;
+    app.settings.mouseSaver = 1;
+    AddStep("300", "100", "No Click", "", "0", "1");
+    std::vector<bool> guardDuringMoves;
+    t.input.onEvent = [&](const InputEvent& event) {
+        if (event.kind == InputEvent::Mouse) guardDuringMoves.push_back(t.main.TimerEnabled(Timer::MouseSaver));
+        if (event.kind == InputEvent::SetPos) EXPECT_TRUE(t.main.TimerEnabled(Timer::MouseSaver));
+    };
+    StartButton(app);
+    ASSERT_GT(guardDuringMoves.size(), 90u);
+    for (bool on : guardDuringMoves) EXPECT_FALSE(on);
+    EXPECT_EQ(EventsOf(InputEvent::SetPos).back(), (InputEvent{InputEvent::SetPos, 0, 0, 300, 100}));
+    EXPECT_EQ(app.guardX, 300);
+}
+
+}  // namespace

@@ -1,0 +1,101 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "fakes/test_app.h"
+#include "playback/random_value.h"
+#include "script/basic_text.h"
+
+namespace {
+
+class RandomValues : public ::testing::Test {
+protected:
+    RandomValues() {
+        t.app.drawRandom = [this](std::uint32_t seed) {
+            seeds.push_back(seed);
+            return r;
+        };
+    }
+    TestApp t;
+    double r = 0;
+    std::vector<std::uint32_t> seeds;
+};
+
+TEST(IsRnd, NeedsTheOpeningAndTheClosingParenthesis) {
+    for (const char* yes : {"rnd(1,2,0)", "RND(1,2,0)", "Rnd(,,)", "rnd()", "rNd(x)"}) EXPECT_TRUE(IsRnd(yes)) << yes;
+    for (const char* no : {"", "rnd", "rnd(", "rnd(1,2,0", " rnd(1,2,0)", "rnd(1,2,0) ", "random(1)", "12"})
+        EXPECT_FALSE(IsRnd(no)) << no;
+}
+
+TEST_F(RandomValues, FirstPlusSpanTimesRFormattedByTheRoundingField) {
+    struct Case {
+        std::string text;
+        double r;
+        std::string value;
+    } cases[] = {
+        {"rnd(5,0,0)", 0.99, "5"},
+        {"RND(0,10,1)", 0.03, ".3"},
+        {"RND(0,10,1)", 0.74, "7.4"},
+        {"RND(0,10,1)", 0.3, "3.0"},
+        {"RND(100, 50, 0)", 0.5, "125"},
+        {"RND(100, 50, 0)", 0.999, "149"},
+        {"rnd(1,2,2)", 0.5, "2.00"},
+        {"rnd(0,1,2)", 0.125, ".13"},
+        {"rnd(0,1,3)", 0, ".000"},
+        {"rnd(-1,1,0)", 0.5, "-1"},
+        {"rnd(-1,0.5,1)", 0, "-1.0"},
+        {"rnd(-0.5,0,1)", 0, "-.5"},
+        {"rnd(5,0,00)", 0, "5."},
+        {"rnd(0.4,0,00)", 0, "."},
+        {"rnd(,,)", 0.7, "0"},
+        {"rnd( , 4 , )", 0.5, "2"},
+    };
+    for (const Case& c : cases) {
+        r = c.r;
+        EXPECT_EQ(RndEval(t.app, c.text, 1), c.value) << c.text << " r=" << c.r;
+    }
+    EXPECT_EQ(t.main.panels[1], "");
+}
+
+TEST_F(RandomValues, AWrongFieldCountAssignsZeroWithAMessage) {
+    r = 0.5;
+    for (const char* text : {"rnd(1,2)", "RND(1,2,3,4)", "rnd()"}) {
+        EXPECT_EQ(RndEval(t.app, text, 4), "0") << text;
+        EXPECT_EQ(t.main.panels[1], std::string("Incorrect RND syntax in step #4 [") + text + "].  Zeros assigned.");
+    }
+}
+
+TEST_F(RandomValues, ATextThatIsNoExpressionGivesZeroSilently) {
+    EXPECT_EQ(RndEval(t.app, "12", 1), "0");
+    EXPECT_EQ(RndEval(t.app, "rnd(1,2", 1), "0");
+    EXPECT_EQ(t.main.panels[1], "");
+    EXPECT_TRUE(seeds.empty());
+}
+
+TEST_F(RandomValues, EveryEvaluationReseedsFromTheClock) {
+    t.clock.nowMs = 1234;
+    RndEval(t.app, "rnd(1,2,0)", 1);
+    t.clock.nowMs = 5678;
+    RndEval(t.app, "rnd(1,2,0)", 1);
+    EXPECT_EQ(seeds, (std::vector<std::uint32_t>{1234, 5678}));
+}
+
+TEST_F(RandomValues, TheLocaleSeparatorIsWrittenAndReadBack) {
+    t.app.decimalSeparator = ',';
+    r = 0.25;
+    EXPECT_EQ(RndEval(t.app, "rnd(1,2,1)", 1), "1,5");
+    EXPECT_DOUBLE_EQ(RndNumber(t.app, "rnd(0,2,1)", 1), 0.5);
+}
+
+TEST(RandomDraw, TheStandardGeneratorStaysWithinTheSpan) {
+    TestApp t;
+    for (int tick = 0; tick < 200; ++tick) {
+        t.clock.nowMs = tick * 7;
+        double value = RndNumber(t.app, "RND(100,50,2)", 1);
+        EXPECT_GE(value, 100);
+        EXPECT_LE(value, 150);
+    }
+}
+
+}  // namespace

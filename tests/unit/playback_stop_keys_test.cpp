@@ -1,0 +1,190 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "app/app.h"
+#include "playback/hot_keys.h"
+#include "playback/playback_loop.h"
+#include "playback/run_controls.h"
+#include "playback/stop_key.h"
+#include "playback_rig.h"
+
+namespace {
+
+constexpr int kEscape = 27;
+constexpr int kF6 = 117;
+
+class StopKeys : public PlaybackRig {};
+
+TEST_F(StopKeys, StopButtonRestoresTheIdleWindowInOrder) {
+    LockForRun(app);
+    t.main.SetTimer(Timer::MouseSaver, true);
+    AddStep("1", "2", "No Click", "");
+    t.grid.rows[0].selected = true;
+    StopButton(app);
+    EXPECT_TRUE(app.stopRequested);
+    EXPECT_FALSE(t.main.TimerEnabled(Timer::MouseSaver));
+    EXPECT_FALSE(t.main.TimerEnabled(Timer::Stop));
+    EXPECT_TRUE(t.main.TimerEnabled(Timer::ShiftNext));
+    for (Control control : {Control::Start, Control::Record, Control::RecOptions, Control::ToolSave,
+                            Control::ToolLoad, Control::ToolSettings, Control::Grid})
+        EXPECT_TRUE(t.main.IsEnabled(control));
+    EXPECT_FALSE(t.grid.rows[0].selected);
+}
+
+TEST_F(StopKeys, TheStopKeyClicksRecordWhileRecordingAndStopOtherwise) {
+    int recordClicks = 0;
+    app.clickRecord = [&] { ++recordClicks; };
+    t.input.pressedKeys = {kEscape};
+    t.main.recordCaption = "ESCAPE TO STOP";
+    OnStopTimer(app);
+    EXPECT_EQ(recordClicks, 1);
+    EXPECT_FALSE(app.stopRequested);
+    t.main.recordCaption = "RECORD";
+    OnStopTimer(app);
+    EXPECT_EQ(recordClicks, 1);
+    EXPECT_TRUE(app.stopRequested);
+}
+
+TEST_F(StopKeys, NoStopWithoutTheStopKey) {
+    app.stopKeyCode = 116;
+    t.input.pressedKeys = {kEscape};
+    OnStopTimer(app);
+    EXPECT_FALSE(app.stopRequested);
+}
+
+TEST_F(StopKeys, ChangingTheStopKeyWritesTheCodeAndClosesThePanel) {
+    OpenStopKeyPanel(app);
+    EXPECT_TRUE(t.main.FrameVisible(Frame::StopKey));
+    EXPECT_FALSE(t.main.FrameVisible(Frame::Main));
+    ChangeStopKey(app, "F5");
+    EXPECT_EQ(app.stopKeyCode, 116);
+    EXPECT_EQ(t.main.panels[4], "F5");
+    EXPECT_EQ(t.ini.Read("MAIN", "StopKey", app.settingsPath), "116");
+    EXPECT_EQ(t.main.panels[1], "StopKey successfully changed to F5");
+    EXPECT_TRUE(t.main.FrameVisible(Frame::Main));
+    EXPECT_FALSE(t.main.FrameVisible(Frame::StopKey));
+}
+
+TEST_F(StopKeys, ReturnAndEscapeInTheListAcceptAndClose) {
+    OpenStopKeyPanel(app);
+    EXPECT_FALSE(OnStopKeyListKey(app, 'A', "F2"));
+    EXPECT_TRUE(t.main.FrameVisible(Frame::StopKey));
+    EXPECT_TRUE(OnStopKeyListKey(app, 27, "F2"));
+    EXPECT_EQ(app.stopKeyCode, 27);
+    EXPECT_FALSE(t.main.FrameVisible(Frame::StopKey));
+    OpenStopKeyPanel(app);
+    EXPECT_TRUE(OnStopKeyListKey(app, 13, "F2"));
+    EXPECT_EQ(app.stopKeyCode, 113);
+    EXPECT_TRUE(t.main.FrameVisible(Frame::Main));
+}
+
+TEST_F(StopKeys, FSixMakesAStopKeyThatNothingPresses) {
+    ChangeStopKey(app, "F6");
+    EXPECT_EQ(app.stopKeyCode, 0);
+    EXPECT_EQ(t.ini.Read("MAIN", "StopKey", app.settingsPath), "0");
+    EXPECT_EQ(t.main.panels[1], "StopKey successfully changed to ");
+    EXPECT_EQ(t.main.panels[4], "");
+    AddStep("10", "20", "Left Click", "", "0", "2");
+    AddStep("10", "20", "Left Click", "", "0", "0");
+    PressKeyAt(kF6, 500);
+    PressKeyAt(kEscape, 500);
+    StartButton(app);
+    EXPECT_EQ(MouseEvents().size(), 2u);
+    EXPECT_EQ(t.clock.nowMs, 2000);
+}
+
+class HotKeys : public PlaybackRig {
+protected:
+    HotKeys() {
+        AddStep("1", "2", "No Click", "", "0", "0", "0", false);
+        AddStep("3", "4", "No Click", "", "0", "0", "0", false);
+        AddStep("5", "6", "No Click", "", "0", "0", "0", false);
+        t.input.cursor = {321, 654};
+    }
+};
+
+TEST_F(HotKeys, CursorTimerShowsThePointerPosition) {
+    OnCursorTimer(app);
+    EXPECT_EQ(t.main.panels[2], "321");
+    EXPECT_EQ(t.main.panels[3], "654");
+}
+
+TEST_F(HotKeys, FTwelveCopiesThePointerIntoEverySelectedRow) {
+    t.grid.rows[0].selected = true;
+    t.grid.rows[2].selected = true;
+    t.grid.rows[2].mark = "NEW";
+    PressKeyAt(123, 0, 150);
+    t.clock.Wait(0.2, app.stopRequested);
+    for (int row : {0, 2}) {
+        EXPECT_EQ(t.grid.rows[row].cells[kColX], "321");
+        EXPECT_EQ(t.grid.rows[row].cells[kColY], "654");
+        EXPECT_TRUE(t.grid.rows[row].checked);
+        EXPECT_EQ(t.grid.rows[row].mark, "");
+    }
+    EXPECT_EQ(t.grid.rows[1].cells[kColX], "3");
+    EXPECT_FALSE(t.grid.rows[1].checked);
+}
+
+TEST_F(HotKeys, HotKeysSleepWhileRecording) {
+    t.main.recordCaption = "ESCAPE TO STOP";
+    t.grid.rows[0].selected = true;
+    t.main.panels[2] = "9";
+    t.input.pressedKeys = {123, 121};
+    OnHotkeyTimer(app);
+    EXPECT_EQ(t.grid.rows[0].cells[kColX], "1");
+    EXPECT_TRUE(t.boxes.shown.empty());
+}
+
+TEST_F(HotKeys, FTwelveDuringARunChangesNothing) {
+    for (auto& row : t.grid.rows) row.selected = true;
+    t.grid.rows[0].checked = true;
+    t.grid.rows[0].cells[kColSecs] = "1";
+    PressKeyAt(123, 200);
+    StartButton(app);
+    EXPECT_EQ(t.grid.rows[0].cells[kColX], "1");
+    EXPECT_FALSE(t.grid.rows[1].checked);
+}
+
+TEST_F(HotKeys, FTenPausesWithAPlainBox) {
+    t.grid.rows[0].checked = true;
+    t.grid.rows[0].cells[kColSecs] = "1";
+    PressKeyAt(121, 300, 350);
+    // The user reads the box for five seconds before pressing OK.
+    t.boxes.onShow = [&](const ScriptedBoxes::Shown&) { t.clock.Sleep(5000); };
+    StartButton(app);
+    ASSERT_EQ(t.boxes.shown.size(), 1u);
+    EXPECT_EQ(t.boxes.shown[0].text, "Paused. Press OK to resume.");
+    EXPECT_EQ(t.boxes.shown[0].title, "PAUSED");
+    EXPECT_EQ(t.boxes.shown[0].style, BoxStyle::Plain);
+    EXPECT_GE(t.clock.nowMs, 5300);
+}
+
+TEST_F(HotKeys, FElevenMovesASingleSelectionOn) {
+    t.grid.rows[0].selected = true;
+    t.input.pressedKeys = {122};
+    OnShiftNextTimer(app);
+    EXPECT_FALSE(t.grid.rows[0].selected);
+    EXPECT_TRUE(t.grid.rows[1].selected);
+    OnShiftNextTimer(app);
+    OnShiftNextTimer(app);
+    ASSERT_EQ(t.grid.RowCount(), 4);
+    EXPECT_TRUE(t.grid.rows[3].selected);
+    EXPECT_FALSE(t.grid.rows[2].selected);
+    EXPECT_EQ(t.grid.rows[3].mark, "NEW");
+}
+
+TEST_F(HotKeys, FElevenIgnoresNoneOrSeveralSelected) {
+    t.input.pressedKeys = {122};
+    OnShiftNextTimer(app);
+    t.grid.rows[0].selected = true;
+    t.grid.rows[2].selected = true;
+    OnShiftNextTimer(app);
+    EXPECT_EQ(t.grid.RowCount(), 3);
+    EXPECT_TRUE(t.grid.rows[0].selected);
+    EXPECT_FALSE(t.grid.rows[1].selected);
+    EXPECT_TRUE(t.grid.rows[2].selected);
+}
+
+}  // namespace
