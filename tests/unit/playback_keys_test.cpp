@@ -108,13 +108,6 @@ TEST_F(KeyText, AHundredThousandCharacterTextIsTypedCompletely) {
     EXPECT_EQ(std::vector<InputEvent>(keys.end() - 4, keys.end()), Stroke('Z', true));
 }
 
-TEST_F(KeyText, KeySendLogsAnErrorUnderItsOwnLabel) {
-    std::size_t position = 3;
-    KeySend(app, "ab", position);
-    EXPECT_TRUE(t.input.events.empty());
-    EXPECT_NE(t.ReadFile("Error.log").find(" KeySend "), std::string::npos);
-}
-
 TEST(KeyLetters, CommandLettersInAnyCase) {
     for (char letter : std::string("acerstdlbnhuj;.,/fwACERSTDLBNHUJFW")) EXPECT_TRUE(IsCommandLetter(letter)) << letter;
     for (char other : std::string("gikmopqvxyz0%$ '\t")) EXPECT_FALSE(IsCommandLetter(other)) << other;

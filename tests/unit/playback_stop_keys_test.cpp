@@ -47,13 +47,6 @@ TEST_F(StopKeys, TheStopKeyClicksRecordWhileRecordingAndStopOtherwise) {
     EXPECT_TRUE(app.stopRequested);
 }
 
-TEST_F(StopKeys, NoStopWithoutTheStopKey) {
-    app.stopKeyCode = 116;
-    t.input.pressedKeys = {kEscape};
-    OnStopTimer(app);
-    EXPECT_FALSE(app.stopRequested);
-}
-
 TEST_F(StopKeys, ChangingTheStopKeyWritesTheCodeAndClosesThePanel) {
     OpenStopKeyPanel(app);
     EXPECT_TRUE(t.main.FrameVisible(Frame::StopKey));
@@ -104,12 +97,6 @@ protected:
         t.input.cursor = {321, 654};
     }
 };
-
-TEST_F(HotKeys, CursorTimerShowsThePointerPosition) {
-    OnCursorTimer(app);
-    EXPECT_EQ(t.main.panels[2], "321");
-    EXPECT_EQ(t.main.panels[3], "654");
-}
 
 TEST_F(HotKeys, FTwelveCopiesThePointerIntoEverySelectedRow) {
     t.grid.rows[0].selected = true;
