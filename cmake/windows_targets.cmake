@@ -26,7 +26,7 @@ target_include_directories(Klickwerk PRIVATE
 # whose headers it needs (GetDpiForWindow is looked up at run time).
 target_compile_definitions(Klickwerk PRIVATE WINVER=0x0601 _WIN32_WINNT=0x0601 _WIN32_IE=0x0800
   NOMINMAX WIN32_LEAN_AND_MEAN)
-target_compile_options(Klickwerk PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-Wall -Wextra>)
+target_compile_options(Klickwerk PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-Wall -Wextra -Wno-missing-field-initializers>)
 target_link_libraries(Klickwerk PRIVATE klickwerk_core
   comctl32 comdlg32 shell32 advapi32 uxtheme wininet gdi32 user32 kernel32)
 target_link_options(Klickwerk PRIVATE ${KW_STATIC_RUNTIME})

@@ -1,0 +1,66 @@
+#pragma once
+// The pattern every window class of the program follows: the object is
+// stored with its window at creation and each message goes to the derived
+// class's HandleMessage, which unpacks it into typed handlers. No exception
+// crosses the window procedure.
+#include "platform/win32.h"
+
+template <class Derived>
+class BaseWindow {
+public:
+    BaseWindow() = default;
+    BaseWindow(const BaseWindow&) = delete;
+    BaseWindow& operator=(const BaseWindow&) = delete;
+
+    HWND Handle() const { return hwnd_; }
+
+protected:
+    ~BaseWindow() {
+        if (hwnd_) DestroyWindow(hwnd_);
+    }
+
+    static bool RegisterWindowClass(const char* className, HICON icon, HBRUSH background) {
+        WNDCLASSEXA windowClass{};
+        windowClass.cbSize = sizeof windowClass;
+        windowClass.lpfnWndProc = &BaseWindow::WindowProc;
+        windowClass.hInstance = GetModuleHandleA(nullptr);
+        windowClass.hIcon = icon;
+        windowClass.hIconSm = icon;
+        windowClass.hCursor = LoadCursorA(nullptr, IDC_ARROW);
+        windowClass.hbrBackground = background;
+        windowClass.lpszClassName = className;
+        return RegisterClassExA(&windowClass) || GetLastError() == ERROR_CLASS_ALREADY_EXISTS;
+    }
+
+    HWND CreateWindowOfClass(const char* className, const char* title, DWORD style, DWORD exStyle, int x, int y,
+                             int width, int height, HWND parent) {
+        return CreateWindowExA(exStyle, className, title, style, x, y, width, height, parent, nullptr,
+                               GetModuleHandleA(nullptr), this);
+    }
+
+    HWND hwnd_ = nullptr;
+
+private:
+    static LRESULT CALLBACK WindowProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
+        BaseWindow* self = nullptr;
+        if (message == WM_NCCREATE) {
+            self = static_cast<BaseWindow*>(reinterpret_cast<CREATESTRUCTA*>(lParam)->lpCreateParams);
+            self->hwnd_ = hwnd;
+            SetWindowLongPtrA(hwnd, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(self));
+        } else {
+            self = reinterpret_cast<BaseWindow*>(GetWindowLongPtrA(hwnd, GWLP_USERDATA));
+        }
+        if (!self) return DefWindowProcA(hwnd, message, wParam, lParam);
+        if (message == WM_NCDESTROY) {
+            SetWindowLongPtrA(hwnd, GWLP_USERDATA, 0);
+            self->hwnd_ = nullptr;
+        }
+        try {
+            return static_cast<Derived*>(self)->HandleMessage(hwnd, message, wParam, lParam);
+        } catch (...) {
+            // The behaviour traps and logs its own errors; whatever still
+            // escapes must not unwind through the system's code.
+            return DefWindowProcA(hwnd, message, wParam, lParam);
+        }
+    }
+};

@@ -1,0 +1,42 @@
+#include "app/dpi_win.h"
+
+#include "app/layout.h"
+
+namespace {
+using GetDpiForWindowProc = UINT(WINAPI*)(HWND);
+using SystemParametersInfoForDpiProc = BOOL(WINAPI*)(UINT, UINT, PVOID, UINT, UINT);
+
+template <class Proc>
+Proc User32Function(const char* name) {
+    return reinterpret_cast<Proc>(reinterpret_cast<void*>(GetProcAddress(GetModuleHandleA("user32.dll"), name)));
+}
+
+int ScreenDpi() {
+    HDC screen = GetDC(nullptr);
+    int dpi = GetDeviceCaps(screen, LOGPIXELSX);
+    ReleaseDC(nullptr, screen);
+    return dpi > 0 ? dpi : kTwipsPerInch / 15;
+}
+}  // namespace
+
+int WindowDpi(HWND window) {
+    static const auto getDpiForWindow = User32Function<GetDpiForWindowProc>("GetDpiForWindow");
+    if (getDpiForWindow && window) {
+        UINT dpi = getDpiForWindow(window);
+        if (dpi > 0) return static_cast<int>(dpi);
+    }
+    return ScreenDpi();
+}
+
+HFONT CreateMessageFont(int dpi) {
+    static const auto forDpi = User32Function<SystemParametersInfoForDpiProc>("SystemParametersInfoForDpi");
+    NONCLIENTMETRICSA metrics{};
+    metrics.cbSize = sizeof metrics;
+    if (forDpi && forDpi(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0, static_cast<UINT>(dpi)))
+        return CreateFontIndirectA(&metrics.lfMessageFont);
+    if (!SystemParametersInfoA(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0))
+        return static_cast<HFONT>(GetStockObject(DEFAULT_GUI_FONT));
+    // The classic call answers for the system DPI; scale to the window's.
+    metrics.lfMessageFont.lfHeight = MulDiv(metrics.lfMessageFont.lfHeight, dpi, ScreenDpi());
+    return CreateFontIndirectA(&metrics.lfMessageFont);
+}

@@ -1,0 +1,336 @@
+#include "app/main_window_win.h"
+
+#include <commctrl.h>
+
+#include <algorithm>
+#include <optional>
+
+#include "app/dpi_win.h"
+#include "app/repeat_button_win.h"
+#include "app/resources/resource_ids.h"
+
+namespace {
+constexpr const char* kClassName = "KlickwerkMain";
+constexpr double kStartWidthTwips = 6855;
+constexpr double kStartHeightTwips = 6610;
+
+// Control ids start above IDOK and IDCANCEL, which dialog keys send.
+enum ChildId : int {
+    kIdFrame = 100, kIdGrid, kIdStart, kIdStop, kIdRecord, kIdRecOptions, kIdRepeat, kIdStatusBar,
+    kIdDropButton, kIdDropStopKeys,
+};
+
+constexpr DWORD kPushButton = WS_CHILD | WS_VISIBLE | WS_TABSTOP | BS_PUSHBUTTON;
+// The drop-down arrow is the letter "6" of the Marlett symbol font.
+constexpr const char* kArrowGlyph = "6";
+
+struct Button {
+    Control control;
+    int id;
+    const char* caption;
+    DWORD style;
+};
+
+constexpr Button kButtons[] = {
+    {Control::Start, kIdStart, "Start", kPushButton},
+    {Control::Stop, kIdStop, "Stop", kPushButton},
+    {Control::Record, kIdRecord, "RECORD", kPushButton},
+    {Control::RecOptions, kIdRecOptions, kArrowGlyph, kPushButton},
+    {Control::Repeat, kIdRepeat, "Repeat", WS_CHILD | WS_VISIBLE | WS_TABSTOP | BS_OWNERDRAW},
+};
+
+const Button* ButtonById(int id) {
+    for (const Button& button : kButtons)
+        if (button.id == id) return &button;
+    return nullptr;
+}
+
+HFONT CreateArrowFont(HFONT textFont) {
+    LOGFONTA font{};
+    GetObjectA(textFont, sizeof font, &font);
+    LOGFONTA arrow{};
+    arrow.lfHeight = font.lfHeight;
+    arrow.lfCharSet = SYMBOL_CHARSET;
+    lstrcpynA(arrow.lfFaceName, "Marlett", LF_FACESIZE);
+    return CreateFontIndirectA(&arrow);
+}
+
+void MoveTo(HWND window, const PixelRect& rect) {
+    MoveWindow(window, rect.left, rect.top, rect.width, rect.height, TRUE);
+}
+}  // namespace
+
+MainWindow::~MainWindow() {
+    if (hwnd_) DestroyWindow(hwnd_);
+    if (font_) DeleteObject(font_);
+    if (arrowFont_) DeleteObject(arrowFont_);
+}
+
+bool MainWindow::Create() {
+    frameVisible_[Frame::Main] = true;
+    HICON icon = LoadIconA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(IDI_KLICKWERK));
+    if (!RegisterWindowClass(kClassName, icon, reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1))) return false;
+    if (!CreateWindowOfClass(kClassName, "Klickwerk", WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, WS_EX_CONTROLPARENT,
+                             CW_USEDEFAULT, CW_USEDEFAULT, 0, 0, nullptr))
+        return false;
+    dpi_ = WindowDpi(hwnd_);
+    CreateChildren();
+    ApplyFonts();
+    timers_.Attach(hwnd_);
+    SetSizeTwips(kStartWidthTwips, kStartHeightTwips);
+    return true;
+}
+
+void MainWindow::CreateChildren() {
+    // The frame first: siblings created later are drawn above it.
+    frame_ = CreateChild(WC_BUTTONA, "", WS_CHILD | WS_VISIBLE | BS_GROUPBOX, kIdFrame);
+    HBITMAP background = static_cast<HBITMAP>(LoadImageA(GetModuleHandleA(nullptr),
+                                                         MAKEINTRESOURCEA(IDB_GRID_BACKGROUND), IMAGE_BITMAP, 0, 0,
+                                                         LR_CREATEDIBSECTION));
+    grid_.Create(hwnd_, kIdGrid, dpi_, background);
+    for (const Button& button : kButtons) buttons_[button.id] = CreateChild(WC_BUTTONA, button.caption, button.style, button.id);
+    dropButton_ = CreateChild(WC_COMBOBOXA, "", WS_CHILD | WS_VSCROLL | CBS_DROPDOWNLIST, kIdDropButton);
+    dropStopKeys_ = CreateChild(WC_COMBOBOXA, "", WS_CHILD | WS_VSCROLL | CBS_DROPDOWNLIST, kIdDropStopKeys);
+    receiver_.Create(hwnd_);
+    statusBar_.Create(hwnd_, kIdStatusBar);
+    about_.Create(hwnd_);
+}
+
+HWND MainWindow::CreateChild(const char* className, const char* text, DWORD style, int id) {
+    return CreateWindowExA(0, className, text, style, 0, 0, 0, 0, hwnd_,
+                           reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), GetModuleHandleA(nullptr), nullptr);
+}
+
+void MainWindow::ApplyFonts() {
+    HFONT oldFont = font_;
+    HFONT oldArrow = arrowFont_;
+    font_ = CreateMessageFont(dpi_);
+    arrowFont_ = CreateArrowFont(font_);
+    for (HWND child : {frame_, dropButton_, dropStopKeys_})
+        SendMessageA(child, WM_SETFONT, reinterpret_cast<WPARAM>(font_), TRUE);
+    for (auto& [id, button] : buttons_)
+        SendMessageA(button, WM_SETFONT, reinterpret_cast<WPARAM>(id == kIdRecOptions ? arrowFont_ : font_), TRUE);
+    grid_.SetFont(font_);
+    statusBar_.SetFont(font_);
+    about_.OnDpiChanged(dpi_, font_);
+    if (oldFont) DeleteObject(oldFont);
+    if (oldArrow) DeleteObject(oldArrow);
+}
+
+void MainWindow::Layout() {
+    RECT client{};
+    GetClientRect(hwnd_, &client);
+    int statusHeight = statusBar_.Resize(client.right, dpi_);
+    MainLayout layout = LayoutMainWindow({client.right, client.bottom}, statusHeight, dpi_);
+    MoveTo(frame_, layout.frame);
+    grid_.Move(layout.grid);
+    MoveTo(buttons_[kIdStart], layout.start);
+    MoveTo(buttons_[kIdStop], layout.stop);
+    MoveTo(buttons_[kIdRecord], layout.record);
+    MoveTo(buttons_[kIdRecOptions], layout.recOptions);
+    MoveTo(buttons_[kIdRepeat], layout.repeat);
+}
+
+void MainWindow::Centre(int width, int height) {
+    MONITORINFO monitor{};
+    monitor.cbSize = sizeof monitor;
+    GetMonitorInfoA(MonitorFromWindow(hwnd_, MONITOR_DEFAULTTOPRIMARY), &monitor);
+    const RECT& area = monitor.rcWork;
+    int left = area.left + std::max(0, static_cast<int>(area.right - area.left - width) / 2);
+    int top = area.top + std::max(0, static_cast<int>(area.bottom - area.top - height) / 2);
+    SetWindowPos(hwnd_, nullptr, left, top, width, height, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+HWND MainWindow::ControlWindow(Control control) const {
+    if (control == Control::Grid) return grid_.Handle();
+    if (control == Control::StatusBar) return statusBar_.Handle();
+    for (const Button& button : kButtons) {
+        if (button.control != control) continue;
+        auto found = buttons_.find(button.id);
+        return found == buttons_.end() ? nullptr : found->second;
+    }
+    return nullptr;
+}
+
+void MainWindow::Click(Control control) {
+    if (handlers.command) handlers.command(control);
+}
+
+LRESULT MainWindow::HandleMessage(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case WM_COMMAND: OnCommand(LOWORD(wParam), HIWORD(wParam)); return 0;
+        case WM_TIMER: OnTimer(wParam); return 0;
+        case WM_NOTIFY: return OnNotify(*reinterpret_cast<NMHDR*>(lParam));
+        case WM_DRAWITEM:
+            if (wParam == kIdRepeat) DrawRepeatButton(*reinterpret_cast<DRAWITEMSTRUCT*>(lParam), repeatOn_);
+            return TRUE;
+        case WM_SIZE:
+            if (wParam != SIZE_MINIMIZED) Layout();
+            return 0;
+        case WM_GETMINMAXINFO: OnMinMaxInfo(*reinterpret_cast<MINMAXINFO*>(lParam)); return 0;
+        case kWmDpiChanged: OnDpiChanged(HIWORD(wParam), *reinterpret_cast<RECT*>(lParam)); return 0;
+        case WM_SETCURSOR:
+            if (OnSetCursor()) return TRUE;
+            break;
+        case WM_CLOSE:
+            if (!handlers.close || handlers.close()) DestroyWindow(hwnd);
+            return 0;
+        case WM_DESTROY: PostQuitMessage(0); return 0;
+    }
+    return DefWindowProcA(hwnd, message, wParam, lParam);
+}
+
+void MainWindow::OnCommand(int id, int code) {
+    const Button* button = ButtonById(id);
+    if (button && code == BN_CLICKED) Click(button->control);
+}
+
+void MainWindow::OnTimer(UINT_PTR id) {
+    std::optional<Timer> timer = timers_.FromTimerId(id);
+    if (!timer || !handlers.timer) return;
+    // A tick that comes while the same timer's handler still runs (it may
+    // wait or show a box) is passed over rather than nested.
+    bool& running = timerRunning_[static_cast<std::size_t>(*timer)];
+    if (running) return;
+    running = true;
+    try {
+        handlers.timer(*timer);
+    } catch (...) {
+        running = false;
+        throw;
+    }
+    running = false;
+}
+
+LRESULT MainWindow::OnNotify(NMHDR& header) {
+    if (header.hwndFrom == grid_.Handle() && header.code == NM_CUSTOMDRAW)
+        return grid_.OnCustomDraw(reinterpret_cast<NMLVCUSTOMDRAW&>(header));
+    return 0;
+}
+
+void MainWindow::OnDpiChanged(int dpi, const RECT& suggested) {
+    grid_.OnDpiChanged(dpi);
+    dpi_ = dpi;
+    ApplyFonts();
+    SetWindowPos(hwnd_, nullptr, suggested.left, suggested.top, suggested.right - suggested.left,
+                 suggested.bottom - suggested.top, SWP_NOZORDER | SWP_NOACTIVATE);
+    Layout();
+}
+
+void MainWindow::OnMinMaxInfo(MINMAXINFO& info) const {
+    PixelSize minimum = MinimumWindowSize(dpi_);
+    info.ptMinTrackSize = {minimum.width, minimum.height};
+}
+
+bool MainWindow::OnSetCursor() {
+    if (!busy_) return false;
+    SetCursor(LoadCursorA(nullptr, IDC_WAIT));
+    return true;
+}
+
+void MainWindow::SetPanelText(int panel, const std::string& text) {
+    panels_.at(static_cast<std::size_t>(panel)) = text;
+    statusBar_.SetText(panel, text);
+}
+
+std::string MainWindow::PanelText(int panel) const { return panels_.at(static_cast<std::size_t>(panel)); }
+
+void MainWindow::SetEnabled(Control control, bool enabled) {
+    disabled_[control] = !enabled;
+    if (HWND window = ControlWindow(control)) EnableWindow(window, enabled);
+}
+
+bool MainWindow::IsEnabled(Control control) const {
+    auto found = disabled_.find(control);
+    return found == disabled_.end() || !found->second;
+}
+
+void MainWindow::SetTimer(Timer timer, bool enabled) { timers_.SetEnabled(timer, enabled); }
+
+void MainWindow::SetTimerInterval(Timer timer, int milliseconds) { timers_.SetInterval(timer, milliseconds); }
+
+bool MainWindow::TimerEnabled(Timer timer) const { return timers_.Enabled(timer); }
+
+void MainWindow::SetCaption(const std::string& text) { SetWindowTextA(hwnd_, text.c_str()); }
+
+std::string MainWindow::RecordCaption() const { return recordCaption_; }
+
+void MainWindow::SetRecordCaption(const std::string& text) {
+    recordCaption_ = text;
+    SetWindowTextA(ControlWindow(Control::Record), text.c_str());
+}
+
+void MainWindow::ShowRepeatState(bool on) {
+    repeatOn_ = on;
+    InvalidateRect(ControlWindow(Control::Repeat), nullptr, TRUE);
+}
+
+void MainWindow::SetFrameVisible(Frame frame, bool visible) {
+    frameVisible_[frame] = visible;
+    if (frame == Frame::About) about_.SetVisible(visible);
+    if (frame != Frame::Main) return;
+    int show = visible ? SW_SHOW : SW_HIDE;
+    ShowWindow(frame_, show);
+    ShowWindow(grid_.Handle(), show);
+    for (auto& [id, button] : buttons_) ShowWindow(button, show);
+}
+
+bool MainWindow::FrameVisible(Frame frame) const {
+    if (frame == Frame::About) return about_.Visible();
+    auto found = frameVisible_.find(frame);
+    return found != frameVisible_.end() && found->second;
+}
+
+void MainWindow::SetBusyPointer(bool busy) {
+    busy_ = busy;
+    POINT pointer;
+    GetCursorPos(&pointer);
+    RECT window;
+    GetWindowRect(hwnd_, &window);
+    if (PtInRect(&window, pointer)) SetCursor(LoadCursorA(nullptr, busy ? IDC_WAIT : IDC_ARROW));
+}
+
+WindowState MainWindow::State() const {
+    if (IsIconic(hwnd_)) return WindowState::Minimised;
+    if (IsZoomed(hwnd_)) return WindowState::Maximised;
+    return WindowState::Normal;
+}
+
+void MainWindow::SetState(WindowState state) {
+    static constexpr int kShow[] = {SW_RESTORE, SW_MINIMIZE, SW_MAXIMIZE};
+    ShowWindow(hwnd_, kShow[static_cast<int>(state)]);
+}
+
+void MainWindow::SetSizeTwips(double width, double height) {
+    int pixelsWide = TwipsToPixels(width, dpi_);
+    int pixelsHigh = TwipsToPixels(height, dpi_);
+    // Until the window is first shown it stays centred on the screen.
+    if (!IsWindowVisible(hwnd_)) {
+        Centre(pixelsWide, pixelsHigh);
+    } else {
+        SetWindowPos(hwnd_, nullptr, 0, 0, pixelsWide, pixelsHigh, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    }
+}
+
+double MainWindow::HeightTwips() const {
+    RECT rect{};
+    GetWindowRect(hwnd_, &rect);
+    return PixelsToTwips(rect.bottom - rect.top, dpi_);
+}
+
+void MainWindow::SetTopmost(bool topmost) {
+    SetWindowPos(hwnd_, topmost ? HWND_TOPMOST : HWND_NOTOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+}
+
+void MainWindow::Show() {
+    ShowWindow(hwnd_, SW_SHOW);
+    UpdateWindow(hwnd_);
+}
+
+void MainWindow::FillDropDown(DropDown list, const std::vector<std::string>& entries, const std::string& shown) {
+    HWND combo = list == DropDown::Button ? dropButton_ : dropStopKeys_;
+    SendMessageA(combo, CB_RESETCONTENT, 0, 0);
+    for (const std::string& entry : entries) SendMessageA(combo, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(entry.c_str()));
+    LRESULT index = SendMessageA(combo, CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(shown.c_str()));
+    SendMessageA(combo, CB_SETCURSEL, index == CB_ERR ? static_cast<WPARAM>(-1) : static_cast<WPARAM>(index), 0);
+}

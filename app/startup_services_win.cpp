@@ -1,0 +1,54 @@
+#include "app/startup_services_win.h"
+
+#include <commctrl.h>
+
+#include <stdexcept>
+
+#include "platform/message_pump_win.h"
+#include "playback/main_timers.h"
+
+namespace {
+constexpr int kColumnResizeIntervalMs = 200;
+// The window classes the main window is made of. Start-up initialises every
+// class only where visual styles are in use; these are needed either way.
+constexpr DWORD kMainWindowClasses = ICC_LISTVIEW_CLASSES | ICC_BAR_CLASSES | ICC_STANDARD_CLASSES;
+}  // namespace
+
+void StartupServicesWin::ShowSplash(const std::string& title, const std::string& buildText) {
+    splash_.Show(title, buildText);
+}
+
+void StartupServicesWin::HideSplash() { splash_.Hide(); }
+
+void StartupServicesWin::CloseSplash() { splash_.Close(); }
+
+void StartupServicesWin::LoadMainWindow() {
+    INITCOMMONCONTROLSEX classes{sizeof(INITCOMMONCONTROLSEX), kMainWindowClasses};
+    InitCommonControlsEx(&classes);
+    if (!main_.Create()) throw std::runtime_error("The main window could not be created");
+    boxes_.SetOwner(main_.Handle());
+    dialogs_.SetOwner(main_.Handle());
+    SetKeyboardNavigationWindow(main_.Handle());
+    CreateMainTimers(app_);
+    main_.SetTimerInterval(Timer::ColResize, kColumnResizeIntervalMs);
+    MainLoad(app_, *this);
+}
+
+void StartupServicesWin::FinishLoad() { main_.SetTimer(Timer::ColResize, true); }
+
+void StartupServicesWin::ShowHint() { RunSeam(app_.seams.showHint); }
+
+void StartupServicesWin::CheckForUpdates() {}
+
+void StartupServicesWin::StartPlayback() {
+    // The splash stays up while the main window loads; it must not stand in
+    // the way of the pointer once the script plays.
+    splash_.Hide();
+    main_.Click(Control::Start);
+}
+
+void StartupServicesWin::LoadHookLibrary() {}
+
+void StartupServicesWin::ReleaseHooks() {}
+
+void StartupServicesWin::UnloadWindows() { splash_.Close(); }

@@ -1,0 +1,69 @@
+// The program's entry: builds the system seams, the windows and the App,
+// wires the windows' commands to the behaviour, runs MainSub and then the
+// message loop until the main window is closed.
+#include "app/about_frame_win.h"
+#include "app/app.h"
+#include "app/file_dialogs_win.h"
+#include "app/main_window_win.h"
+#include "app/message_boxes_win.h"
+#include "app/startup.h"
+#include "app/startup_services_win.h"
+#include "platform/message_pump_win.h"
+#include "platform/platform_win.h"
+#include "playback/main_timers.h"
+#include "playback/playback_loop.h"
+#include "playback/repeat_toggle.h"
+#include "playback/run_controls.h"
+
+namespace {
+
+struct Program {
+    WinFiles files;
+    WinSettingsFile ini;
+    WinRegistry registry;
+    WinShell shell;
+    WinInput input;
+    WinWindows windows;
+    WinClock clock;
+    WinOsInfo osInfo;
+    Platform platform{files, ini, registry, shell, input, windows, clock, osInfo};
+
+    StepGridWin grid;
+    AboutFrameWin about;
+    MainWindow main{grid, about};
+    MessageBoxesWin boxes;
+    FileDialogsWin dialogs;
+    Views views{grid, main, boxes, dialogs, about};
+
+    App app{platform, views};
+    StartupServicesWin services{app, main, boxes, dialogs};
+
+    Program() { Wire(); }
+
+    void OnCommand(Control control) {
+        switch (control) {
+            case Control::Start: StartButton(app); break;
+            case Control::Stop: StopButton(app); break;
+            case Control::Repeat: PressRepeatToggle(app); break;
+            case Control::Record: RunSeam(app.clickRecord); break;
+            default: break;
+        }
+    }
+
+    void Wire() {
+        main.handlers.command = [this](Control control) { OnCommand(control); };
+        main.handlers.timer = [this](Timer timer) { OnMainTimer(app, timer); };
+        main.handlers.close = [this] { return CloseMainWindow(app, services); };
+        about.onLink = [this](AboutLink link) { OpenAboutLink(app, link); };
+        about.onHide = [this] { HideAbout(app); };
+        app.seams.closeMainWindow = [this] { SendMessageA(main.Handle(), WM_CLOSE, 0, 0); };
+    }
+};
+
+}  // namespace
+
+int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
+    Program program;
+    if (!MainSub(program.app, program.services)) return 0;
+    return RunMessageLoop();
+}

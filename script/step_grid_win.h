@@ -1,0 +1,55 @@
+#pragma once
+// lstMain: the step grid over a report-style list view with check boxes.
+// Cell texts live in the control itself; the row marks and text colours,
+// which the control cannot hold, in vectors beside it.
+#include <string>
+#include <vector>
+
+#include "app/layout.h"
+#include "platform/win32.h"
+#include "script/step_grid.h"
+
+#include <commctrl.h>
+
+class StepGridWin : public StepGrid {
+public:
+    // Creates the list view as a child of `parent`, with the tiled picture
+    // `background` (the control owns it from then on).
+    bool Create(HWND parent, int id, int dpi, HBITMAP background);
+    HWND Handle() const { return list_; }
+    void Move(const PixelRect& rect);
+    void SetFont(HFONT font);
+    // Keeps the columns the same size in twips at the new DPI.
+    void OnDpiChanged(int dpi);
+    // The list view's NM_CUSTOMDRAW, sent to the parent: draws each row in its colour.
+    LRESULT OnCustomDraw(NMLVCUSTOMDRAW& draw);
+
+    int RowCount() const override;
+    void InsertRow(int row) override;
+    void RemoveRow(int row) override;
+    void Clear() override;
+    std::string Cell(int row, int column) const override;
+    void SetCell(int row, int column, const std::string& text) override;
+    bool Checked(int row) const override;
+    void SetChecked(int row, bool checked) override;
+    std::string Mark(int row) const override;
+    void SetMark(int row, const std::string& mark) override;
+    bool Selected(int row) const override;
+    void SetSelected(int row, bool selected) override;
+    void SetRowColour(int row, std::uint32_t colour) override;
+    void AddColumn(const std::string& header, double widthTwips, bool centred) override;
+    int ColumnCount() const override;
+    double ColumnWidth(int column) const override;
+
+private:
+    // The list view's item index of a 1-based row; raises for rows that do not exist.
+    int Index(int row) const;
+    void CheckColumn(int column) const;
+    UINT ItemState(int row, UINT mask) const;
+    void SetItemState(int row, UINT state, UINT mask);
+
+    HWND list_ = nullptr;
+    int dpi_ = 96;
+    std::vector<std::string> marks_;
+    std::vector<std::uint32_t> colours_;
+};
