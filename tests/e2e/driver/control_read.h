@@ -1,0 +1,27 @@
+#pragma once
+// Reading common controls of another process: a report-style list view with
+// its header, and a status bar's panels.
+#include <windows.h>
+
+#include <string>
+#include <vector>
+
+struct GridColumn {
+    std::string header;
+    int width = 0;  // pixels
+};
+
+struct GridRow {
+    std::vector<std::string> cells;  // cell 0 is the item text
+    bool checked = false;
+    bool selected = false;
+    bool focused = false;
+};
+
+struct GridContents {
+    std::vector<GridColumn> columns;
+    std::vector<GridRow> rows;
+};
+
+bool ReadGrid(HWND listView, GridContents& grid);
+bool ReadStatusPanels(HWND statusBar, std::vector<std::string>& panels);

@@ -1,0 +1,29 @@
+# End-to-end fixtures, built with the Windows program: probe.exe logs the
+# input and window events it receives; kwdriver.exe reads and operates other
+# programs' controls from outside. Both land beside Klickwerk.exe.
+add_executable(probe WIN32 ${CMAKE_CURRENT_LIST_DIR}/probe/probe_win.cpp)
+target_link_options(probe PRIVATE ${KW_STATIC_RUNTIME})
+
+file(GLOB KW_DRIVER_SOURCES CONFIGURE_DEPENDS ${CMAKE_CURRENT_LIST_DIR}/driver/*_win.cpp)
+add_executable(kwdriver ${KW_DRIVER_SOURCES})
+target_link_libraries(kwdriver PRIVATE comctl32)
+target_link_options(kwdriver PRIVATE ${KW_STATIC_RUNTIME})
+
+foreach(fixture probe kwdriver)
+  target_compile_options(${fixture} PRIVATE -Wall -Wextra)
+  set_target_properties(${fixture} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
+endforeach()
+
+# The tests themselves run on the build host: ctest in this build tree runs
+# each test module under Wine through the harness.
+find_program(KW_PYTHON3 python3)
+if(KW_PYTHON3)
+  enable_testing()
+  file(GLOB KW_E2E_TESTS CONFIGURE_DEPENDS ${CMAKE_CURRENT_LIST_DIR}/test_*.py)
+  foreach(test_file ${KW_E2E_TESTS})
+    get_filename_component(test_name ${test_file} NAME_WE)
+    add_test(NAME e2e.${test_name}
+             COMMAND ${KW_PYTHON3} ${CMAKE_CURRENT_LIST_DIR}/run_e2e.py --build ${CMAKE_BINARY_DIR} ${test_name})
+    set_tests_properties(e2e.${test_name} PROPERTIES RUN_SERIAL TRUE TIMEOUT 600)
+  endforeach()
+endif()

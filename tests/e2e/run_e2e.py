@@ -1,0 +1,56 @@
+"""Runs the end-to-end tests and prints "e2e: N passed, M failed".
+
+    python3 tests/e2e/run_e2e.py [--build <Windows build dir>] [test_module ...]
+
+Writes the counts to <build>/e2e-out/summary.json as well; exits 1 when a
+test failed or none ran.
+"""
+import argparse
+import json
+import os
+import sys
+import time
+import unittest
+from pathlib import Path
+
+HERE = Path(__file__).resolve().parent
+
+
+def parse_arguments():
+    parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
+    parser.add_argument("--build", help="the Windows (cross) build directory")
+    parser.add_argument("modules", nargs="*", help="test modules to run, e.g. test_startup")
+    return parser.parse_args()
+
+
+def load_tests(modules):
+    loader = unittest.TestLoader()
+    if modules:
+        return loader.loadTestsFromNames(modules)
+    return loader.discover(str(HERE), pattern="test_*.py", top_level_dir=str(HERE))
+
+
+def main():
+    arguments = parse_arguments()
+    if arguments.build:
+        os.environ["KW_BUILD_DIR"] = str(Path(arguments.build).resolve())
+    sys.path.insert(0, str(HERE))
+    import harness  # reads KW_BUILD_DIR, so only after it is set
+
+    started = time.monotonic()
+    try:
+        result = unittest.TextTestRunner(verbosity=2, stream=sys.stdout).run(load_tests(arguments.modules))
+    finally:
+        harness.close_session()
+    failed = len(result.failures) + len(result.errors) + len(result.unexpectedSuccesses)
+    passed = result.testsRun - failed - len(result.skipped)
+    summary = {"passed": passed, "failed": failed, "skipped": len(result.skipped),
+               "seconds": round(time.monotonic() - started, 1)}
+    harness.OUT_DIR.mkdir(parents=True, exist_ok=True)
+    (harness.OUT_DIR / "summary.json").write_text(json.dumps(summary) + "\n")
+    print(f"e2e: {passed} passed, {failed} failed, {summary['skipped']} skipped in {summary['seconds']} s")
+    return 0 if failed == 0 and passed > 0 else 1
+
+
+if __name__ == "__main__":
+    sys.exit(main())
