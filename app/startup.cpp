@@ -158,8 +158,8 @@ void MainLoad(App& app, StartupServices& services) {
             Inform(app, "Failed to locate Settings file.  Loading defaults.", BoxStyle::Information);
             WriteSetting(app, "FirstRun", "1");
         }
-        std::string commandLine = Trim(app.os.os.CommandLine());
-        if (commandLine.empty()) {
+        std::string commandLine = app.os.os.CommandLine();
+        if (Trim(commandLine).empty()) {
             LoadWithoutCommandLine(app, services);
         } else {
             LoadCommandLineScript(app, services, SplitCommandLine(commandLine));

@@ -1,0 +1,138 @@
+#include <gtest/gtest.h>
+
+#include "app/settings_store.h"
+#include "fakes/probe_seams.h"
+
+namespace {
+
+using Lines = std::vector<std::string>;
+
+const std::string kRunEntry = std::string(kRunKey) + "\\" + kRunValueName;
+
+void WriteSettings(TestApp& t, const std::string& body) { t.WriteFile("Settings.ini", "[MAIN]\r\n" + body); }
+
+}  // namespace
+
+TEST(SettingsStore, FirstRunDefaultsAreWrittenInOrder) {
+    ProbedTestApp p;
+    WriteFirstRunDefaults(p.app);
+    Lines expected = {"FirstRun=0",   "OnTop=0",      "GRepeat=0",       "SmoothPointer=0", "ShowCount=1",
+                      "StartMin=0",   "WithWindows=0", "DYK=1",          "Enter4Step=0",    "MouseSaver=0",
+                      "StopKey=27",   "StepCounter=0", "LastCheck=11/21/2026", "Height=6610", "RecMode=0"};
+    EXPECT_EQ(p.ini.writes, expected);
+    for (const std::string& file : p.ini.files) EXPECT_EQ(file, p.app.settingsPath);
+    EXPECT_NE(p.base.ReadFile("Settings.ini").find("[MAIN]\r\nFirstRun=0\r\n"), std::string::npos);
+}
+
+TEST(SettingsStore, LoadSetReadsEveryKeyInOrder) {
+    ProbedTestApp p;
+    LoadSet(p.app);
+    Lines expected = {"OnTop",      "GRepeat",    "SmoothPointer", "ShowCount", "AutoStart",   "StartMin", "WithWindows",
+                      "DYK",        "Enter4Step", "MouseSaver",    "StopKey",   "StepCounter", "RecMode"};
+    EXPECT_EQ(p.ini.reads, expected);
+}
+
+TEST(SettingsStore, SaveSetWritesTheControlsInOrder) {
+    ProbedTestApp p;
+    SettingValues& s = p.app.settings;
+    s.onTop = 1, s.repeatState = "1", s.smoothPointer = 0, s.showCount = 1, s.autoStart = 0, s.startMin = 2;
+    s.withWindows = 0, s.dyk = 1, s.enter4Step = 1, s.mouseSaver = 0;
+    p.base.main.SetPanelText(5, "1234");
+    p.base.main.heightTwips = 7200;
+    p.app.columnWidths = {"800", " 600", " 600", "1500", "1125", "700", "700", "800"};
+    SaveSet(p.app);
+    Lines expected = {"OnTop=1",     "GRepeat=1",      "SmoothPointer=0",  "ShowCount=1", "AutoStart=0",
+                      "StartMin=2",  "WithWindows=0",  "DYK=1",            "Enter4Step=1", "MouseSaver=0",
+                      "StepCounter=1234", "Height=7200", "ColWidth=800, 600, 600,1500,1125,700,700,800"};
+    EXPECT_EQ(p.ini.writes, expected);
+    EXPECT_FALSE(p.base.Exists("Error.log"));
+}
+
+TEST(SettingsStore, CheckBoxesAndRepeatToggleTakeTheirValues) {
+    struct Case {
+        const char* text;
+        int checkBox;
+        const char* repeatState;
+    } cases[] = {{"1", 1, "1"}, {"0", 0, "0"}, {"2", 2, "0"}, {"", 0, "0"}, {"abc", 0, "0"}, {"5", 0, "0"}, {"1x", 1, "0"}};
+    for (const Case& c : cases) {
+        TestApp t;
+        WriteSettings(t, std::string("OnTop=") + c.text + "\r\nGRepeat=" + c.text + "\r\nMouseSaver=" + c.text + "\r\n");
+        t.main.repeatShownOn = std::string(c.repeatState) != "1";
+        LoadSet(t.app);
+        EXPECT_EQ(t.app.settings.onTop, c.checkBox) << c.text;
+        EXPECT_EQ(t.app.settings.mouseSaver, c.checkBox) << c.text;
+        EXPECT_EQ(t.app.settings.repeatState, c.repeatState) << c.text;
+        EXPECT_EQ(t.main.repeatShownOn, std::string(c.repeatState) == "1") << c.text;
+    }
+}
+
+TEST(SettingsStore, StopKeyStepCounterAndRecordMode) {
+    struct Case {
+        const char* stopKey;
+        std::int16_t code;
+        const char* panel4;
+    } stopKeys[] = {{"0", 27, "ESCAPE"}, {"", 27, "ESCAPE"}, {"abc", 27, "ESCAPE"}, {"112", 112, "F1"},
+                    {"117", 117, ""},    {"121", 121, "F10"},  {"113abc", 113, "F2"}, {"99999", 27, "ESCAPE"}};
+    for (const Case& c : stopKeys) {
+        TestApp t;
+        WriteSettings(t, std::string("StopKey=") + c.stopKey + "\r\nStepCounter=12abc\r\n");
+        LoadSet(t.app);
+        EXPECT_EQ(t.app.stopKeyCode, c.code) << c.stopKey;
+        EXPECT_EQ(t.main.PanelText(4), c.panel4) << c.stopKey;
+        EXPECT_EQ(t.main.PanelText(5), "12abc");
+    }
+    for (const char* mode : {"1", "2", "0", "", "01", "1.0"}) {
+        TestApp t;
+        WriteSettings(t, std::string("RecMode=") + mode + "\r\n");
+        LoadSet(t.app);
+        EXPECT_EQ(t.app.settings.recordIntoSelected, std::string(mode) == "1") << mode;
+    }
+}
+
+TEST(SettingsStore, LongValuesAreCutAndGarbageFilesReadAsEmpty) {
+    TestApp t;
+    WriteSettings(t, "StepCounter=" + std::string(300, '7') + "\r\n");
+    LoadSet(t.app);
+    EXPECT_EQ(t.main.PanelText(5), std::string(254, '7'));
+
+    for (std::string garbage : {std::string("\0\x01\xff[MAIN\r\n==\r\n[", 14), std::string("OnTop=1\r\nGRepeat=1")}) {
+        TestApp g;
+        g.WriteFile("Settings.ini", garbage);
+        LoadSet(g.app);
+        EXPECT_EQ(g.app.settings.onTop, 0);
+        EXPECT_EQ(g.app.settings.repeatState, "0");
+        EXPECT_EQ(g.app.stopKeyCode, 27);
+        EXPECT_FALSE(g.Exists("Error.log"));
+    }
+}
+
+TEST(SettingsStore, StartWithWindowsEntryFollowsTheCheckBox) {
+    TestApp t;
+    t.app.settings.withWindows = 1;
+    SaveSet(t.app);
+    EXPECT_EQ(t.registry.values[kRunEntry], t.app.programFolder + "\\klickwerk.exe");
+    t.app.settings.withWindows = 0;
+    SaveSet(t.app);
+    EXPECT_EQ(t.registry.values.count(kRunEntry), 0u);
+    SaveSet(t.app);
+    EXPECT_TRUE(t.registry.values.empty());
+    EXPECT_EQ(t.registry.calls, (Lines{"set klickwerk", "delete klickwerk", "delete klickwerk"}));
+
+    TestApp refused;
+    refused.registry.refuseWrites = true;
+    refused.app.settings.withWindows = 1;
+    SaveSet(refused.app);
+    EXPECT_TRUE(refused.registry.values.empty());
+    EXPECT_FALSE(refused.Exists("Error.log"));
+    EXPECT_NE(refused.ReadFile("Settings.ini").find("ColWidth="), std::string::npos);
+}
+
+TEST(SettingsStore, ReadIniAndWriteIniTakeAnotherFileWhenNamed) {
+    TestApp t;
+    std::string other = t.Path("Other.ini");
+    EXPECT_EQ(WriteIni(t.app, "SECTION", "Key", "value", other), 1);
+    EXPECT_EQ(ReadIni(t.app, "SECTION", "Key", other), "value");
+    EXPECT_EQ(ReadIni(t.app, "SECTION", "Key"), "");
+    EXPECT_FALSE(t.Exists("Settings.ini"));
+    EXPECT_EQ(WriteIni(t.app, kSettingsSection, "Key", "v", t.Path("missing folder\\x.ini")), 0);
+}
