@@ -6,10 +6,12 @@
 namespace {
 
 constexpr int kShowNormal = 5;
+// Each step stays on screen this long, so the slide can be seen on a fast machine.
+constexpr std::uint32_t kStepPauseMs = 10;
 
 double CentredTop(const AboutView& view) { return view.InnerHeight() / 2 - view.FrameHeight() / 2; }
 
-// Moves the frame through the positions, letting the window breathe after
+// Moves the frame through the positions, letting pending messages run after
 // every step; stops early when the box is hidden meanwhile or the program closes.
 void Slide(App& app, double from, double to) {
     AboutView& view = app.ui.about;
@@ -19,6 +21,7 @@ void Slide(App& app, double from, double to) {
         if (!view.Visible() || app.closingFlag) return;
         view.MoveTo(left, top);
         app.os.clock.Yield();
+        app.os.clock.Sleep(kStepPauseMs);
     }
 }
 

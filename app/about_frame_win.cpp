@@ -1,193 +1,227 @@
 #include "app/about_frame_win.h"
 
+#include "app/dpi_win.h"
 #include "app/layout.h"
-#include "app/resources/resource_ids.h"
+#include "resource_ids.h"
 
 namespace {
-constexpr const char* kClassName = "KlickwerkAbout";
-constexpr int kIdHide = 1001;
-constexpr COLORREF kLinkInk = RGB(0, 70, 200);
-// Measures in twips.
-constexpr double kWidth = 4800;
-constexpr double kHeight = 2700;
-constexpr double kMargin = 240;
-constexpr double kIconSize = 720;
+
+constexpr const char* kClassName = "KlickwerkAboutFrame";
+constexpr COLORREF kBackground = RGB(222, 223, 231);
+constexpr COLORREF kBorder = RGB(150, 154, 170);
+constexpr COLORREF kLinkColour = RGB(0, 82, 204);
+constexpr COLORREF kHoveredLinkColour = RGB(204, 60, 0);
+
+// The frame and its parts in twips.
+constexpr double kFrameWidth = 5200;
+constexpr double kFrameHeight = 2500;
+constexpr double kLogoLeft = 300;
+constexpr double kLogoTop = 330;
+constexpr double kLogoSize = 720;
+constexpr double kTextLeft = 1320;
+constexpr double kTextWidth = 3700;
+constexpr double kTitleTop = 300;
+constexpr double kTitleHeight = 420;
 constexpr double kLineHeight = 300;
-constexpr double kTextLeft = kMargin * 2 + kIconSize;
-constexpr double kTitleTop = 240;
-constexpr double kBuildTop = 660;
-constexpr double kMailTop = 1080;
-constexpr double kWebTop = 1440;
+constexpr double kBuildTop = 740;
+constexpr double kMailTop = 1160;
+constexpr double kWebTop = 1460;
 constexpr double kButtonWidth = 1200;
 constexpr double kButtonHeight = 400;
+constexpr double kButtonMargin = 200;
 
-HFONT Derived(HFONT base, int weight, bool underline, double scale) {
+constexpr int kHideButtonId = 1;
+
+HWND Child(HWND parent, const char* className, DWORD style, int id) {
+    return CreateWindowExA(0, className, "", WS_CHILD | WS_VISIBLE | style, 0, 0, 0, 0, parent,
+                           reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), GetModuleHandleA(nullptr), nullptr);
+}
+
+void Place(HWND window, int left, int top, int width, int height) {
+    SetWindowPos(window, nullptr, left, top, width, height, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+HFONT Derived(HFONT base, int heightPercent, int weight, bool underline) {
     LOGFONTA font{};
     GetObjectA(base, sizeof font, &font);
+    font.lfHeight = MulDiv(font.lfHeight, heightPercent, 100);
     font.lfWeight = weight;
     font.lfUnderline = underline;
-    font.lfHeight = static_cast<LONG>(font.lfHeight * scale);
     return CreateFontIndirectA(&font);
 }
 
-void TextAt(HDC dc, HFONT font, COLORREF ink, int left, int top, const std::string& text) {
-    HGDIOBJ old = SelectObject(dc, font);
-    SetTextColor(dc, ink);
-    TextOutA(dc, left, top, text.c_str(), static_cast<int>(text.size()));
-    SelectObject(dc, old);
-}
-
-const char* LinkText(AboutLink link) { return link == AboutLink::Mail ? kSupportMail : kWebAddress; }
 }  // namespace
 
-AboutFrameWin::~AboutFrameWin() { ReleaseFonts(); }
+AboutFrame::~AboutFrame() {
+    if (hwnd_) DestroyWindow(hwnd_);
+    DeleteFonts();
+    if (logo_) DestroyIcon(logo_);
+    if (background_) DeleteObject(background_);
+}
 
-bool AboutFrameWin::Create(HWND parent) {
-    if (!RegisterWindowClass(kClassName, nullptr, reinterpret_cast<HBRUSH>(COLOR_WINDOW + 1))) return false;
-    if (!CreateWindowOfClass(kClassName, "", WS_CHILD | WS_BORDER | WS_CLIPSIBLINGS, WS_EX_CONTROLPARENT, 0, 0, 0, 0,
-                             parent))
+bool AboutFrame::Create(HWND parent, App& app) {
+    app_ = &app;
+    background_ = CreateSolidBrush(kBackground);
+    if (!RegisterWindowClass(kClassName, nullptr, nullptr)) return false;
+    dpi_ = WindowDpi(parent);
+    top_ = -kFrameHeight;
+    if (!CreateWindowOfClass(kClassName, "", WS_CHILD | WS_CLIPSIBLINGS | WS_CLIPCHILDREN, 0, 0,
+                             Pixels(-kFrameHeight), Pixels(kFrameWidth), Pixels(kFrameHeight), parent))
         return false;
-    hideButton_ = CreateWindowExA(0, "BUTTON", "OK", WS_CHILD | WS_VISIBLE | WS_TABSTOP | BS_DEFPUSHBUTTON, 0, 0, 0, 0,
-                                  hwnd_, reinterpret_cast<HMENU>(static_cast<INT_PTR>(kIdHide)),
-                                  GetModuleHandleA(nullptr), nullptr);
-    return hideButton_ != nullptr;
+    title_ = Child(hwnd_, "STATIC", SS_LEFT | SS_NOPREFIX, 0);
+    build_ = Child(hwnd_, "STATIC", SS_LEFT | SS_NOPREFIX, 0);
+    mail_ = Child(hwnd_, "STATIC", SS_LEFT | SS_NOPREFIX | SS_NOTIFY, 0);
+    web_ = Child(hwnd_, "STATIC", SS_LEFT | SS_NOPREFIX | SS_NOTIFY, 0);
+    cmdHideAbout_ = Child(hwnd_, "BUTTON", BS_PUSHBUTTON | WS_TABSTOP, kHideButtonId);
+    SetWindowTextA(mail_, kSupportMail);
+    SetWindowTextA(web_, kWebAddress);
+    SetWindowTextA(cmdHideAbout_, "OK");
+    Layout();
+    return true;
 }
 
-void AboutFrameWin::OnDpiChanged(int dpi, HFONT font) {
-    dpi_ = dpi;
-    font_ = font;
-    ReleaseFonts();
-    titleFont_ = Derived(font, FW_BOLD, false, 1.5);
-    linkFont_ = Derived(font, FW_NORMAL, true, 1.0);
-    int iconPixels = TwipsToPixels(kIconSize, dpi);
-    icon_ = static_cast<HICON>(LoadImageA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(IDI_KLICKWERK), IMAGE_ICON,
-                                          iconPixels, iconPixels, 0));
-    SendMessageA(hideButton_, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
-    auto px = [dpi](double twips) { return TwipsToPixels(twips, dpi); };
-    SetWindowPos(hwnd_, nullptr, 0, 0, px(kWidth), px(kHeight), SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-    RECT client{};
-    GetClientRect(hwnd_, &client);
-    MoveWindow(hideButton_, (client.right - px(kButtonWidth)) / 2, client.bottom - px(kButtonHeight + kMargin),
-               px(kButtonWidth), px(kButtonHeight), TRUE);
+void AboutFrame::OnDpiChanged() {
+    if (!hwnd_) return;
+    dpi_ = WindowDpi(GetParent(hwnd_));
+    SetWindowPos(hwnd_, nullptr, Pixels(left_), Pixels(top_), Pixels(kFrameWidth), Pixels(kFrameHeight),
+                 SWP_NOZORDER | SWP_NOACTIVATE);
+    Layout();
 }
 
-void AboutFrameWin::SetTexts(const std::string& title, const std::string& build) {
-    title_ = title;
-    build_ = build;
-    InvalidateRect(hwnd_, nullptr, TRUE);
+int AboutFrame::Pixels(double twips) const { return TwipsToPixels(twips, dpi_); }
+
+void AboutFrame::CreateFonts() {
+    DeleteFonts();
+    font_ = CreateMessageFont(dpi_);
+    titleFont_ = Derived(font_, 135, FW_BOLD, false);
+    linkFont_ = Derived(font_, 100, FW_NORMAL, true);
 }
 
-double AboutFrameWin::FrameWidth() const { return kWidth; }
-
-double AboutFrameWin::FrameHeight() const { return kHeight; }
-
-double AboutFrameWin::InnerWidth() const {
-    RECT client{};
-    GetClientRect(GetParent(hwnd_), &client);
-    return PixelsToTwips(client.right, dpi_);
-}
-
-double AboutFrameWin::InnerHeight() const {
-    RECT client{};
-    GetClientRect(GetParent(hwnd_), &client);
-    return PixelsToTwips(client.bottom, dpi_);
-}
-
-void AboutFrameWin::MoveTo(double left, double top) {
-    SetWindowPos(hwnd_, HWND_TOP, TwipsToPixels(left, dpi_), TwipsToPixels(top, dpi_), 0, 0,
-                 SWP_NOSIZE | SWP_NOACTIVATE);
-    UpdateWindow(GetParent(hwnd_));
-}
-
-double AboutFrameWin::Top() const {
-    RECT rect{};
-    GetWindowRect(hwnd_, &rect);
-    MapWindowPoints(nullptr, GetParent(hwnd_), reinterpret_cast<POINT*>(&rect), 2);
-    return PixelsToTwips(rect.top, dpi_);
-}
-
-void AboutFrameWin::SetVisible(bool visible) {
-    if (visible) {
-        // Wait above the inner area, so showing reveals nothing before the slide.
-        SetWindowPos(hwnd_, HWND_TOP, 0, -TwipsToPixels(kHeight, dpi_), 0, 0, SWP_NOSIZE | SWP_NOACTIVATE);
-    }
-    ShowWindow(hwnd_, visible ? SW_SHOW : SW_HIDE);
-}
-
-bool AboutFrameWin::Visible() const { return IsWindowVisible(hwnd_) != FALSE; }
-
-LRESULT AboutFrameWin::HandleMessage(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
-    AboutLink link;
-    switch (message) {
-        case WM_PAINT: {
-            PAINTSTRUCT paint;
-            HDC dc = BeginPaint(hwnd, &paint);
-            Paint(dc);
-            EndPaint(hwnd, &paint);
-            return 0;
-        }
-        case WM_COMMAND:
-            if (LOWORD(wParam) == kIdHide && onHide) onHide();
-            return 0;
-        case WM_LBUTTONUP:
-            if (LinkAt({static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))}, link) && onLink)
-                onLink(link);
-            return 0;
-        case WM_SETCURSOR: {
-            POINT pointer;
-            GetCursorPos(&pointer);
-            ScreenToClient(hwnd, &pointer);
-            if (LinkAt(pointer, link)) {
-                SetCursor(LoadCursorA(nullptr, IDC_HAND));
-                return TRUE;
-            }
-            break;
-        }
-    }
-    return DefWindowProcA(hwnd, message, wParam, lParam);
-}
-
-RECT AboutFrameWin::LinkRect(AboutLink link) const {
-    HDC dc = GetDC(hwnd_);
-    HGDIOBJ old = SelectObject(dc, linkFont_);
-    SIZE size{};
-    const char* text = LinkText(link);
-    GetTextExtentPoint32A(dc, text, lstrlenA(text), &size);
-    SelectObject(dc, old);
-    ReleaseDC(hwnd_, dc);
-    int left = TwipsToPixels(kTextLeft, dpi_);
-    int top = TwipsToPixels(link == AboutLink::Mail ? kMailTop : kWebTop, dpi_);
-    return {left, top, left + size.cx, top + std::max<int>(size.cy, TwipsToPixels(kLineHeight, dpi_))};
-}
-
-bool AboutFrameWin::LinkAt(POINT point, AboutLink& link) const {
-    for (AboutLink candidate : {AboutLink::Mail, AboutLink::Web}) {
-        RECT rect = LinkRect(candidate);
-        if (PtInRect(&rect, point)) {
-            link = candidate;
-            return true;
-        }
-    }
-    return false;
-}
-
-void AboutFrameWin::Paint(HDC dc) {
-    auto px = [this](double twips) { return TwipsToPixels(twips, dpi_); };
-    if (icon_) DrawIconEx(dc, px(kMargin), px(kTitleTop), icon_, px(kIconSize), px(kIconSize), 0, nullptr, DI_NORMAL);
-    SetBkMode(dc, TRANSPARENT);
-    int left = px(kTextLeft);
-    COLORREF ink = GetSysColor(COLOR_WINDOWTEXT);
-    TextAt(dc, titleFont_, ink, left, px(kTitleTop), title_);
-    TextAt(dc, font_, ink, left, px(kBuildTop), build_);
-    TextAt(dc, linkFont_, kLinkInk, left, px(kMailTop), kSupportMail);
-    TextAt(dc, linkFont_, kLinkInk, left, px(kWebTop), kWebAddress);
-}
-
-void AboutFrameWin::ReleaseFonts() {
-    for (HFONT* font : {&titleFont_, &linkFont_}) {
+void AboutFrame::DeleteFonts() {
+    for (HFONT* font : {&font_, &titleFont_, &linkFont_}) {
         if (*font) DeleteObject(*font);
         *font = nullptr;
     }
-    if (icon_) DestroyIcon(icon_);
-    icon_ = nullptr;
+}
+
+void AboutFrame::Layout() {
+    CreateFonts();
+    int textLeft = Pixels(kTextLeft), textWidth = Pixels(kTextWidth), line = Pixels(kLineHeight);
+    Place(title_, textLeft, Pixels(kTitleTop), textWidth, Pixels(kTitleHeight));
+    Place(build_, textLeft, Pixels(kBuildTop), textWidth, line);
+    Place(mail_, textLeft, Pixels(kMailTop), textWidth, line);
+    Place(web_, textLeft, Pixels(kWebTop), textWidth, line);
+    Place(cmdHideAbout_, Pixels(kFrameWidth - kButtonWidth - kButtonMargin),
+          Pixels(kFrameHeight - kButtonHeight - kButtonMargin), Pixels(kButtonWidth), Pixels(kButtonHeight));
+    SendMessageA(title_, WM_SETFONT, reinterpret_cast<WPARAM>(titleFont_), TRUE);
+    SendMessageA(build_, WM_SETFONT, reinterpret_cast<WPARAM>(font_), TRUE);
+    SendMessageA(mail_, WM_SETFONT, reinterpret_cast<WPARAM>(linkFont_), TRUE);
+    SendMessageA(web_, WM_SETFONT, reinterpret_cast<WPARAM>(linkFont_), TRUE);
+    SendMessageA(cmdHideAbout_, WM_SETFONT, reinterpret_cast<WPARAM>(font_), TRUE);
+
+    if (logo_) DestroyIcon(logo_);
+    int logoSize = Pixels(kLogoSize);
+    logo_ = static_cast<HICON>(LoadImageA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(IDI_KLICKWERK), IMAGE_ICON,
+                                          logoSize, logoSize, LR_DEFAULTCOLOR));
+    InvalidateRect(hwnd_, nullptr, TRUE);
+}
+
+void AboutFrame::SetTexts(const std::string& title, const std::string& build) {
+    SetWindowTextA(title_, title.c_str());
+    SetWindowTextA(build_, build.c_str());
+}
+
+double AboutFrame::FrameWidth() const { return kFrameWidth; }
+double AboutFrame::FrameHeight() const { return kFrameHeight; }
+
+double AboutFrame::InnerWidth() const {
+    RECT inner{};
+    GetClientRect(GetParent(hwnd_), &inner);
+    return PixelsToTwips(inner.right, dpi_);
+}
+
+double AboutFrame::InnerHeight() const {
+    RECT inner{};
+    GetClientRect(GetParent(hwnd_), &inner);
+    return PixelsToTwips(inner.bottom, dpi_);
+}
+
+void AboutFrame::MoveTo(double left, double top) {
+    left_ = left;
+    top_ = top;
+    SetWindowPos(hwnd_, HWND_TOP, Pixels(left), Pixels(top), 0, 0, SWP_NOSIZE | SWP_NOACTIVATE);
+}
+
+void AboutFrame::SetVisible(bool visible) {
+    if (visible) {
+        SetWindowPos(hwnd_, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_SHOWWINDOW);
+    } else {
+        ShowWindow(hwnd_, SW_HIDE);
+    }
+}
+
+bool AboutFrame::Visible() const { return hwnd_ && IsWindowVisible(hwnd_); }
+
+void AboutFrame::Paint() {
+    PAINTSTRUCT paint;
+    HDC dc = BeginPaint(hwnd_, &paint);
+    RECT area;
+    GetClientRect(hwnd_, &area);
+    FillRect(dc, &area, background_);
+    HBRUSH border = CreateSolidBrush(kBorder);
+    FrameRect(dc, &area, border);
+    DeleteObject(border);
+    if (logo_) {
+        int size = Pixels(kLogoSize);
+        DrawIconEx(dc, Pixels(kLogoLeft), Pixels(kLogoTop), logo_, size, size, 0, nullptr, DI_NORMAL);
+    }
+    EndPaint(hwnd_, &paint);
+}
+
+LRESULT AboutFrame::ColourLabel(HDC dc, HWND label) {
+    SetBkMode(dc, TRANSPARENT);
+    COLORREF text = GetSysColor(COLOR_WINDOWTEXT);
+    if (label == mail_ || label == web_) text = label == hoveredLink_ ? kHoveredLinkColour : kLinkColour;
+    SetTextColor(dc, text);
+    return reinterpret_cast<LRESULT>(background_);
+}
+
+// Links show a hand and change colour while the pointer is over them.
+bool AboutFrame::SetCursorFor(HWND child) {
+    HWND link = child == mail_ || child == web_ ? child : nullptr;
+    if (link != hoveredLink_) {
+        if (hoveredLink_) InvalidateRect(hoveredLink_, nullptr, TRUE);
+        if (link) InvalidateRect(link, nullptr, TRUE);
+        hoveredLink_ = link;
+    }
+    if (!link) return false;
+    SetCursor(LoadCursorA(nullptr, IDC_HAND));
+    return true;
+}
+
+void AboutFrame::OnCommand(WPARAM wParam, LPARAM lParam) {
+    HWND from = reinterpret_cast<HWND>(lParam);
+    if (HIWORD(wParam) != STN_CLICKED || !app_) return;
+    if (from == mail_) OpenAboutLink(*app_, AboutLink::Mail);
+    if (from == web_) OpenAboutLink(*app_, AboutLink::Web);
+    if (from == cmdHideAbout_) HideAbout(*app_);
+}
+
+LRESULT AboutFrame::HandleMessage(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case WM_PAINT:
+            Paint();
+            return 0;
+        case WM_ERASEBKGND:
+            return 1;
+        case WM_CTLCOLORSTATIC:
+            return ColourLabel(reinterpret_cast<HDC>(wParam), reinterpret_cast<HWND>(lParam));
+        case WM_SETCURSOR:
+            if (SetCursorFor(reinterpret_cast<HWND>(wParam))) return TRUE;
+            break;
+        case WM_COMMAND:
+            OnCommand(wParam, lParam);
+            return 0;
+    }
+    return DefWindowProcA(hwnd, message, wParam, lParam);
 }

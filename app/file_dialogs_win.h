@@ -1,10 +1,11 @@
 #pragma once
-// The system's open and save dialogs (GetOpenFileNameA, GetSaveFileNameA).
+// GetOpenFileNameA / GetSaveFileNameA behind the FileDialogs view.
 #include "app/file_dialogs.h"
 #include "platform/win32.h"
 
-class FileDialogsWin : public FileDialogs {
+class WinFileDialogs : public FileDialogs {
 public:
+    // The window that owns the dialogs: the main window once it exists.
     void SetOwner(HWND owner) { owner_ = owner; }
     std::optional<std::string> Open(const FileDialogRequest& request) override;
     std::optional<std::string> Save(const FileDialogRequest& request) override;

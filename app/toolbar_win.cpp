@@ -1,0 +1,182 @@
+#include "app/toolbar_win.h"
+
+#include <commctrl.h>
+
+#include <iterator>
+
+#include "app/dpi_win.h"
+#include "app/toolbar_commands.h"
+#include "app/toolbar_pictures_win.h"
+
+namespace {
+
+constexpr int kToolbarId = 0x4B00;
+constexpr int kFirstButtonId = 0x4B10;
+constexpr int kFirstMenuId = 0x4B40;
+constexpr int kButtonCount = static_cast<int>(std::size(kToolbarButtons));
+constexpr int kMenuCount = static_cast<int>(std::size(kHelpMenu));
+constexpr int kPictureSizeAt96 = 20;
+
+int ButtonIndexOf(int commandId) {
+    int index = commandId - kFirstButtonId;
+    return index >= 0 && index < kButtonCount ? index : -1;
+}
+
+HIMAGELIST MakeImageList(int size, PictureLook look) {
+    HIMAGELIST list = ImageList_Create(size, size, ILC_COLOR32, kButtonCount, 0);
+    HBITMAP strip = DrawToolbarStrip(size, look);
+    if (list && strip) ImageList_Add(list, strip, nullptr);
+    if (strip) DeleteObject(strip);
+    return list;
+}
+
+void Destroy(HIMAGELIST& list) {
+    if (list) ImageList_Destroy(list);
+    list = nullptr;
+}
+
+// The tool tip texts live in the button table; the pointer stays valid.
+void FillToolTip(NMHDR* header, int index) {
+    const char* tip = kToolbarButtons[index].toolTip;
+    if (header->code == TTN_GETDISPINFOA) {
+        reinterpret_cast<NMTTDISPINFOA*>(header)->lpszText = const_cast<char*>(tip);
+        return;
+    }
+    static wchar_t wide[kButtonCount][80];
+    MultiByteToWideChar(CP_ACP, 0, tip, -1, wide[index], static_cast<int>(std::size(wide[index])));
+    reinterpret_cast<NMTTDISPINFOW*>(header)->lpszText = wide[index];
+}
+
+}  // namespace
+
+Toolbar::~Toolbar() {
+    if (hwnd_) DestroyWindow(hwnd_);
+    Destroy(lstNormal_);
+    Destroy(lstDisabled_);
+    Destroy(lstHot_);
+    if (font_) DeleteObject(font_);
+}
+
+bool Toolbar::Create(HWND parent) {
+    DWORD style = WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | TBSTYLE_FLAT | TBSTYLE_TOOLTIPS | CCS_TOP | CCS_NODIVIDER;
+    hwnd_ = CreateWindowExA(0, TOOLBARCLASSNAMEA, nullptr, style, 0, 0, 0, 0, parent,
+                            reinterpret_cast<HMENU>(static_cast<INT_PTR>(kToolbarId)), GetModuleHandleA(nullptr), nullptr);
+    if (!hwnd_) return false;
+    SendMessageA(hwnd_, TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON), 0);
+    SendMessageA(hwnd_, TB_SETEXTENDEDSTYLE, 0, TBSTYLE_EX_DRAWDDARROWS);
+    ApplyDpi();
+
+    TBBUTTON buttons[kButtonCount]{};
+    for (int index = 0; index < kButtonCount; ++index) {
+        bool help = kToolbarButtons[index].control == Control::ToolHelp;
+        buttons[index].iBitmap = index;
+        buttons[index].idCommand = kFirstButtonId + index;
+        buttons[index].fsState = TBSTATE_ENABLED;
+        buttons[index].fsStyle = static_cast<BYTE>(BTNS_BUTTON | (help ? BTNS_DROPDOWN : 0));
+        buttons[index].iString = reinterpret_cast<INT_PTR>(kToolbarButtons[index].caption);
+    }
+    SendMessageA(hwnd_, TB_ADDBUTTONSA, kButtonCount, reinterpret_cast<LPARAM>(buttons));
+    SendMessageA(hwnd_, TB_AUTOSIZE, 0, 0);
+    return true;
+}
+
+void Toolbar::ApplyDpi() {
+    int dpi = WindowDpi(hwnd_);
+    int size = MulDiv(kPictureSizeAt96, dpi, 96);
+    Destroy(lstNormal_);
+    Destroy(lstDisabled_);
+    Destroy(lstHot_);
+    lstNormal_ = MakeImageList(size, PictureLook::Normal);
+    lstDisabled_ = MakeImageList(size, PictureLook::Disabled);
+    lstHot_ = MakeImageList(size, PictureLook::Hot);
+    SendMessageA(hwnd_, TB_SETBITMAPSIZE, 0, MAKELPARAM(size, size));
+    SendMessageA(hwnd_, TB_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(lstNormal_));
+    SendMessageA(hwnd_, TB_SETDISABLEDIMAGELIST, 0, reinterpret_cast<LPARAM>(lstDisabled_));
+    SendMessageA(hwnd_, TB_SETHOTIMAGELIST, 0, reinterpret_cast<LPARAM>(lstHot_));
+
+    HFONT old = font_;
+    font_ = CreateMessageFont(dpi);
+    SendMessageA(hwnd_, WM_SETFONT, reinterpret_cast<WPARAM>(font_), TRUE);
+    if (old) DeleteObject(old);
+}
+
+int Toolbar::Height() const {
+    RECT rect{};
+    if (hwnd_) GetWindowRect(hwnd_, &rect);
+    return rect.bottom - rect.top;
+}
+
+void Toolbar::OnParentSize() {
+    if (hwnd_) SendMessageA(hwnd_, TB_AUTOSIZE, 0, 0);
+}
+
+void Toolbar::OnDpiChanged() {
+    if (!hwnd_) return;
+    ApplyDpi();
+    // The button sizes follow the new pictures and font only when recomputed.
+    SendMessageA(hwnd_, TB_SETBUTTONSIZE, 0, 0);
+    SendMessageA(hwnd_, TB_AUTOSIZE, 0, 0);
+}
+
+int Toolbar::CommandIdOf(const std::string& key) const {
+    for (int index = 0; index < kButtonCount; ++index) {
+        if (key == kToolbarButtons[index].key) return kFirstButtonId + index;
+    }
+    return 0;
+}
+
+void Toolbar::SetEnabled(const std::string& key, bool enabled) {
+    if (int id = CommandIdOf(key)) SendMessageA(hwnd_, TB_ENABLEBUTTON, id, MAKELPARAM(enabled ? TRUE : FALSE, 0));
+}
+
+bool Toolbar::IsEnabled(const std::string& key) const {
+    int id = CommandIdOf(key);
+    return id && SendMessageA(hwnd_, TB_ISBUTTONENABLED, id, 0) != 0;
+}
+
+bool Toolbar::SetEnabled(Control control, bool enabled) {
+    for (const ToolbarButton& button : kToolbarButtons) {
+        if (button.control != control) continue;
+        SetEnabled(button.key, enabled);
+        return true;
+    }
+    return false;
+}
+
+bool Toolbar::OnCommand(WPARAM wParam, LPARAM lParam) {
+    int index = ButtonIndexOf(LOWORD(wParam));
+    if (!hwnd_ || reinterpret_cast<HWND>(lParam) != hwnd_ || index < 0) return false;
+    onClick_(kToolbarButtons[index].key);
+    return true;
+}
+
+bool Toolbar::OnNotify(const NMHDR* header, LRESULT& result) {
+    if (!hwnd_) return false;
+    if (header->hwndFrom == hwnd_ && header->code == TBN_DROPDOWN) {
+        ShowHelpMenu(reinterpret_cast<const NMTOOLBARA*>(header)->iItem);
+        result = TBDDRET_DEFAULT;
+        return true;
+    }
+    bool toolTip = header->code == TTN_GETDISPINFOA || header->code == TTN_GETDISPINFOW;
+    int index = ButtonIndexOf(static_cast<int>(header->idFrom));
+    if (!toolTip || index < 0) return false;
+    FillToolTip(const_cast<NMHDR*>(header), index);
+    result = 0;
+    return true;
+}
+
+void Toolbar::ShowHelpMenu(int commandId) {
+    HMENU menu = CreatePopupMenu();
+    if (!menu) return;
+    for (int entry = 0; entry < kMenuCount; ++entry)
+        AppendMenuA(menu, MF_STRING, kFirstMenuId + entry, kHelpMenu[entry].caption);
+    RECT button{};
+    SendMessageA(hwnd_, TB_GETRECT, commandId, reinterpret_cast<LPARAM>(&button));
+    MapWindowPoints(hwnd_, nullptr, reinterpret_cast<POINT*>(&button), 2);
+    TPMPARAMS avoid{sizeof avoid, button};
+    UINT chosen = TrackPopupMenuEx(menu, TPM_RETURNCMD | TPM_LEFTALIGN | TPM_TOPALIGN | TPM_VERTICAL, button.left,
+                                   button.bottom, GetParent(hwnd_), &avoid);
+    DestroyMenu(menu);
+    int entry = static_cast<int>(chosen) - kFirstMenuId;
+    if (entry >= 0 && entry < kMenuCount) onClick_(kHelpMenu[entry].key);
+}
