@@ -29,11 +29,14 @@ int WindowDpi(HWND window) {
 }
 
 HFONT CreateMessageFont(int dpi) {
+    // The per-DPI call exists only in the wide form and fills the wide structure.
     static const auto forDpi = User32Function<SystemParametersInfoForDpiProc>("SystemParametersInfoForDpi");
+    NONCLIENTMETRICSW wide{};
+    wide.cbSize = sizeof wide;
+    if (forDpi && forDpi(SPI_GETNONCLIENTMETRICS, sizeof wide, &wide, 0, static_cast<UINT>(dpi)))
+        return CreateFontIndirectW(&wide.lfMessageFont);
     NONCLIENTMETRICSA metrics{};
     metrics.cbSize = sizeof metrics;
-    if (forDpi && forDpi(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0, static_cast<UINT>(dpi)))
-        return CreateFontIndirectA(&metrics.lfMessageFont);
     if (!SystemParametersInfoA(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0))
         return static_cast<HFONT>(GetStockObject(DEFAULT_GUI_FONT));
     // The classic call answers for the system DPI; scale to the window's.
