@@ -36,6 +36,7 @@ std::string Unquoted(const std::string& path) {
 // common controls 6.
 void InitVisualStyles(OsInfo& os) {
     OsVersion version = os.Version();
+    // major + minor / 10 >= 5.1, counted in tenths to stay exact.
     bool recentEnough = version.ok && version.major * 10 + version.minor >= 51;
     if (recentEnough && os.IsAppThemed() && os.CommonControlsMajorVersion() >= 6) {
         os.InitCommonControls(kInitControlsSize, kAllControlClasses);
