@@ -52,15 +52,14 @@ HFONT Derived(HFONT base, int heightPercent, int weight, bool underline) {
 
 }  // namespace
 
-AboutFrame::~AboutFrame() {
+AboutFrameWin::~AboutFrameWin() {
     if (hwnd_) DestroyWindow(hwnd_);
     DeleteFonts();
     if (logo_) DestroyIcon(logo_);
     if (background_) DeleteObject(background_);
 }
 
-bool AboutFrame::Create(HWND parent, App& app) {
-    app_ = &app;
+bool AboutFrameWin::Create(HWND parent) {
     background_ = CreateSolidBrush(kBackground);
     if (!RegisterWindowClass(kClassName, nullptr, nullptr)) return false;
     dpi_ = WindowDpi(parent);
@@ -76,36 +75,36 @@ bool AboutFrame::Create(HWND parent, App& app) {
     SetWindowTextA(mail_, kSupportMail);
     SetWindowTextA(web_, kWebAddress);
     SetWindowTextA(cmdHideAbout_, "OK");
-    Layout();
+    OnDpiChanged(dpi_, static_cast<HFONT>(GetStockObject(DEFAULT_GUI_FONT)));
     return true;
 }
 
-void AboutFrame::OnDpiChanged() {
+void AboutFrameWin::OnDpiChanged(int dpi, HFONT font) {
     if (!hwnd_) return;
-    dpi_ = WindowDpi(GetParent(hwnd_));
+    dpi_ = dpi;
+    CreateFonts(font);
     SetWindowPos(hwnd_, nullptr, Pixels(left_), Pixels(top_), Pixels(kFrameWidth), Pixels(kFrameHeight),
                  SWP_NOZORDER | SWP_NOACTIVATE);
     Layout();
 }
 
-int AboutFrame::Pixels(double twips) const { return TwipsToPixels(twips, dpi_); }
+int AboutFrameWin::Pixels(double twips) const { return TwipsToPixels(twips, dpi_); }
 
-void AboutFrame::CreateFonts() {
+void AboutFrameWin::CreateFonts(HFONT base) {
     DeleteFonts();
-    font_ = CreateMessageFont(dpi_);
-    titleFont_ = Derived(font_, 135, FW_BOLD, false);
-    linkFont_ = Derived(font_, 100, FW_NORMAL, true);
+    font_ = base;
+    titleFont_ = Derived(base, 135, FW_BOLD, false);
+    linkFont_ = Derived(base, 100, FW_NORMAL, true);
 }
 
-void AboutFrame::DeleteFonts() {
-    for (HFONT* font : {&font_, &titleFont_, &linkFont_}) {
+void AboutFrameWin::DeleteFonts() {
+    for (HFONT* font : {&titleFont_, &linkFont_}) {
         if (*font) DeleteObject(*font);
         *font = nullptr;
     }
 }
 
-void AboutFrame::Layout() {
-    CreateFonts();
+void AboutFrameWin::Layout() {
     int textLeft = Pixels(kTextLeft), textWidth = Pixels(kTextWidth), line = Pixels(kLineHeight);
     Place(title_, textLeft, Pixels(kTitleTop), textWidth, Pixels(kTitleHeight));
     Place(build_, textLeft, Pixels(kBuildTop), textWidth, line);
@@ -126,33 +125,33 @@ void AboutFrame::Layout() {
     InvalidateRect(hwnd_, nullptr, TRUE);
 }
 
-void AboutFrame::SetTexts(const std::string& title, const std::string& build) {
+void AboutFrameWin::SetTexts(const std::string& title, const std::string& build) {
     SetWindowTextA(title_, title.c_str());
     SetWindowTextA(build_, build.c_str());
 }
 
-double AboutFrame::FrameWidth() const { return kFrameWidth; }
-double AboutFrame::FrameHeight() const { return kFrameHeight; }
+double AboutFrameWin::FrameWidth() const { return kFrameWidth; }
+double AboutFrameWin::FrameHeight() const { return kFrameHeight; }
 
-double AboutFrame::InnerWidth() const {
+double AboutFrameWin::InnerWidth() const {
     RECT inner{};
     GetClientRect(GetParent(hwnd_), &inner);
     return PixelsToTwips(inner.right, dpi_);
 }
 
-double AboutFrame::InnerHeight() const {
+double AboutFrameWin::InnerHeight() const {
     RECT inner{};
     GetClientRect(GetParent(hwnd_), &inner);
     return PixelsToTwips(inner.bottom, dpi_);
 }
 
-void AboutFrame::MoveTo(double left, double top) {
+void AboutFrameWin::MoveTo(double left, double top) {
     left_ = left;
     top_ = top;
     SetWindowPos(hwnd_, HWND_TOP, Pixels(left), Pixels(top), 0, 0, SWP_NOSIZE | SWP_NOACTIVATE);
 }
 
-void AboutFrame::SetVisible(bool visible) {
+void AboutFrameWin::SetVisible(bool visible) {
     if (visible) {
         SetWindowPos(hwnd_, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_SHOWWINDOW);
     } else {
@@ -160,9 +159,9 @@ void AboutFrame::SetVisible(bool visible) {
     }
 }
 
-bool AboutFrame::Visible() const { return hwnd_ && IsWindowVisible(hwnd_); }
+bool AboutFrameWin::Visible() const { return hwnd_ && IsWindowVisible(hwnd_); }
 
-void AboutFrame::Paint() {
+void AboutFrameWin::Paint() {
     PAINTSTRUCT paint;
     HDC dc = BeginPaint(hwnd_, &paint);
     RECT area;
@@ -178,7 +177,7 @@ void AboutFrame::Paint() {
     EndPaint(hwnd_, &paint);
 }
 
-LRESULT AboutFrame::ColourLabel(HDC dc, HWND label) {
+LRESULT AboutFrameWin::ColourLabel(HDC dc, HWND label) {
     SetBkMode(dc, TRANSPARENT);
     COLORREF text = GetSysColor(COLOR_WINDOWTEXT);
     if (label == mail_ || label == web_) text = label == hoveredLink_ ? kHoveredLinkColour : kLinkColour;
@@ -187,7 +186,7 @@ LRESULT AboutFrame::ColourLabel(HDC dc, HWND label) {
 }
 
 // Links show a hand and change colour while the pointer is over them.
-bool AboutFrame::SetCursorFor(HWND child) {
+bool AboutFrameWin::SetCursorFor(HWND child) {
     HWND link = child == mail_ || child == web_ ? child : nullptr;
     if (link != hoveredLink_) {
         if (hoveredLink_) InvalidateRect(hoveredLink_, nullptr, TRUE);
@@ -199,15 +198,15 @@ bool AboutFrame::SetCursorFor(HWND child) {
     return true;
 }
 
-void AboutFrame::OnCommand(WPARAM wParam, LPARAM lParam) {
+void AboutFrameWin::OnCommand(WPARAM wParam, LPARAM lParam) {
     HWND from = reinterpret_cast<HWND>(lParam);
-    if (HIWORD(wParam) != STN_CLICKED || !app_) return;
-    if (from == mail_) OpenAboutLink(*app_, AboutLink::Mail);
-    if (from == web_) OpenAboutLink(*app_, AboutLink::Web);
-    if (from == cmdHideAbout_) HideAbout(*app_);
+    if (HIWORD(wParam) != STN_CLICKED) return;
+    if (from == mail_ && onLink) onLink(AboutLink::Mail);
+    if (from == web_ && onLink) onLink(AboutLink::Web);
+    if (from == cmdHideAbout_ && onHide) onHide();
 }
 
-LRESULT AboutFrame::HandleMessage(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
+LRESULT AboutFrameWin::HandleMessage(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_PAINT:
             Paint();

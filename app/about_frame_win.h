@@ -2,20 +2,24 @@
 // The about box fraAbout: a frame inside the main window with the title and
 // build labels, the e-mail and web links, the logo and cmdHideAbout. The
 // slide itself is the behaviour's (app/about_box.h); this is its view.
+#include <functional>
+
 #include "app/about_box.h"
 #include "app/base_window_win.h"
 
-struct App;
-
-class AboutFrame : public AboutView, public BaseWindow<AboutFrame> {
+class AboutFrameWin : public AboutView, public BaseWindow<AboutFrameWin> {
 public:
-    AboutFrame() = default;
-    ~AboutFrame() override;
+    AboutFrameWin() = default;
+    ~AboutFrameWin() override;
 
-    // Creates the hidden frame above `parent`'s inner area; clicks go to `app`.
-    bool Create(HWND parent, App& app);
-    // The parent's WM_DPICHANGED.
-    void OnDpiChanged();
+    // Creates the hidden frame, waiting above `parent`'s inner area.
+    bool Create(HWND parent);
+    // The parent's DPI and font changed; `font` stays the parent's.
+    void OnDpiChanged(int dpi, HFONT font);
+
+    // A click on the e-mail or web label, and on cmdHideAbout.
+    std::function<void(AboutLink)> onLink;
+    std::function<void()> onHide;
 
     void SetTexts(const std::string& title, const std::string& build) override;
     double FrameWidth() const override;
@@ -31,7 +35,7 @@ public:
 
 private:
     int Pixels(double twips) const;
-    void CreateFonts();
+    void CreateFonts(HFONT base);
     void DeleteFonts();
     void Layout();
     void Paint();
@@ -39,7 +43,6 @@ private:
     bool SetCursorFor(HWND child);
     void OnCommand(WPARAM wParam, LPARAM lParam);
 
-    App* app_ = nullptr;
     int dpi_ = 96;
     double left_ = 0;
     double top_ = 0;
@@ -49,7 +52,7 @@ private:
     HWND web_ = nullptr;
     HWND cmdHideAbout_ = nullptr;
     HWND hoveredLink_ = nullptr;
-    HFONT font_ = nullptr;
+    HFONT font_ = nullptr;  // the parent's
     HFONT titleFont_ = nullptr;
     HFONT linkFont_ = nullptr;
     HICON logo_ = nullptr;

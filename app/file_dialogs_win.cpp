@@ -57,10 +57,10 @@ std::optional<std::string> Run(HWND owner, const FileDialogRequest& request, Dia
 
 }  // namespace
 
-std::optional<std::string> WinFileDialogs::Open(const FileDialogRequest& request) {
+std::optional<std::string> FileDialogsWin::Open(const FileDialogRequest& request) {
     return Run(owner_, request, GetOpenFileNameA, "GetOpenFileNameA");
 }
 
-std::optional<std::string> WinFileDialogs::Save(const FileDialogRequest& request) {
+std::optional<std::string> FileDialogsWin::Save(const FileDialogRequest& request) {
     return Run(owner_, request, GetSaveFileNameA, "GetSaveFileNameA");
 }

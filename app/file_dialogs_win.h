@@ -3,7 +3,7 @@
 #include "app/file_dialogs.h"
 #include "platform/win32.h"
 
-class WinFileDialogs : public FileDialogs {
+class FileDialogsWin : public FileDialogs {
 public:
     // The window that owns the dialogs: the main window once it exists.
     void SetOwner(HWND owner) { owner_ = owner; }

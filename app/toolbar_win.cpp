@@ -1,7 +1,5 @@
 #include "app/toolbar_win.h"
 
-#include <commctrl.h>
-
 #include <iterator>
 
 #include "app/dpi_win.h"
@@ -22,6 +20,13 @@ int ButtonIndexOf(int commandId) {
     return index >= 0 && index < kButtonCount ? index : -1;
 }
 
+int CommandIdOf(Control control) {
+    for (int index = 0; index < kButtonCount; ++index) {
+        if (control == kToolbarButtons[index].control) return kFirstButtonId + index;
+    }
+    return 0;
+}
+
 HIMAGELIST MakeImageList(int size, PictureLook look) {
     HIMAGELIST list = ImageList_Create(size, size, ILC_COLOR32, kButtonCount, 0);
     HBITMAP strip = DrawToolbarStrip(size, look);
@@ -30,9 +35,9 @@ HIMAGELIST MakeImageList(int size, PictureLook look) {
     return list;
 }
 
-void Destroy(HIMAGELIST& list) {
+void Replace(HIMAGELIST& list, HIMAGELIST fresh) {
     if (list) ImageList_Destroy(list);
-    list = nullptr;
+    list = fresh;
 }
 
 // The tool tip texts live in the button table; the pointer stays valid.
@@ -49,22 +54,21 @@ void FillToolTip(NMHDR* header, int index) {
 
 }  // namespace
 
-Toolbar::~Toolbar() {
+ToolbarWin::~ToolbarWin() {
     if (hwnd_) DestroyWindow(hwnd_);
-    Destroy(lstNormal_);
-    Destroy(lstDisabled_);
-    Destroy(lstHot_);
-    if (font_) DeleteObject(font_);
+    Replace(lstNormal_, nullptr);
+    Replace(lstDisabled_, nullptr);
+    Replace(lstHot_, nullptr);
 }
 
-bool Toolbar::Create(HWND parent) {
+bool ToolbarWin::Create(HWND parent) {
     DWORD style = WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | TBSTYLE_FLAT | TBSTYLE_TOOLTIPS | CCS_TOP | CCS_NODIVIDER;
     hwnd_ = CreateWindowExA(0, TOOLBARCLASSNAMEA, nullptr, style, 0, 0, 0, 0, parent,
                             reinterpret_cast<HMENU>(static_cast<INT_PTR>(kToolbarId)), GetModuleHandleA(nullptr), nullptr);
     if (!hwnd_) return false;
     SendMessageA(hwnd_, TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON), 0);
     SendMessageA(hwnd_, TB_SETEXTENDEDSTYLE, 0, TBSTYLE_EX_DRAWDDARROWS);
-    ApplyDpi();
+    SetPictures(WindowDpi(parent));
 
     TBBUTTON buttons[kButtonCount]{};
     for (int index = 0; index < kButtonCount; ++index) {
@@ -80,77 +84,70 @@ bool Toolbar::Create(HWND parent) {
     return true;
 }
 
-void Toolbar::ApplyDpi() {
-    int dpi = WindowDpi(hwnd_);
+void ToolbarWin::SetPictures(int dpi) {
     int size = MulDiv(kPictureSizeAt96, dpi, 96);
-    Destroy(lstNormal_);
-    Destroy(lstDisabled_);
-    Destroy(lstHot_);
-    lstNormal_ = MakeImageList(size, PictureLook::Normal);
-    lstDisabled_ = MakeImageList(size, PictureLook::Disabled);
-    lstHot_ = MakeImageList(size, PictureLook::Hot);
+    Replace(lstNormal_, MakeImageList(size, PictureLook::Normal));
+    Replace(lstDisabled_, MakeImageList(size, PictureLook::Disabled));
+    Replace(lstHot_, MakeImageList(size, PictureLook::Hot));
     SendMessageA(hwnd_, TB_SETBITMAPSIZE, 0, MAKELPARAM(size, size));
     SendMessageA(hwnd_, TB_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(lstNormal_));
     SendMessageA(hwnd_, TB_SETDISABLEDIMAGELIST, 0, reinterpret_cast<LPARAM>(lstDisabled_));
     SendMessageA(hwnd_, TB_SETHOTIMAGELIST, 0, reinterpret_cast<LPARAM>(lstHot_));
-
-    HFONT old = font_;
-    font_ = CreateMessageFont(dpi);
-    SendMessageA(hwnd_, WM_SETFONT, reinterpret_cast<WPARAM>(font_), TRUE);
-    if (old) DeleteObject(old);
 }
 
-int Toolbar::Height() const {
+int ToolbarWin::Height() const {
     RECT rect{};
     if (hwnd_) GetWindowRect(hwnd_, &rect);
     return rect.bottom - rect.top;
 }
 
-void Toolbar::OnParentSize() {
+void ToolbarWin::OnParentSize() {
     if (hwnd_) SendMessageA(hwnd_, TB_AUTOSIZE, 0, 0);
 }
 
-void Toolbar::OnDpiChanged() {
+void ToolbarWin::OnDpiChanged(int dpi, HFONT font) {
     if (!hwnd_) return;
-    ApplyDpi();
+    SetPictures(dpi);
+    SendMessageA(hwnd_, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
     // The button sizes follow the new pictures and font only when recomputed.
     SendMessageA(hwnd_, TB_SETBUTTONSIZE, 0, 0);
     SendMessageA(hwnd_, TB_AUTOSIZE, 0, 0);
 }
 
-int Toolbar::CommandIdOf(const std::string& key) const {
-    for (int index = 0; index < kButtonCount; ++index) {
-        if (key == kToolbarButtons[index].key) return kFirstButtonId + index;
-    }
-    return 0;
+void ToolbarWin::SetEnabled(const std::string& key, bool enabled) {
+    if (const ToolbarButton* button = ToolbarButtonOf(key)) SetEnabled(button->control, enabled);
 }
 
-void Toolbar::SetEnabled(const std::string& key, bool enabled) {
-    if (int id = CommandIdOf(key)) SendMessageA(hwnd_, TB_ENABLEBUTTON, id, MAKELPARAM(enabled ? TRUE : FALSE, 0));
+bool ToolbarWin::IsEnabled(const std::string& key) const {
+    const ToolbarButton* button = ToolbarButtonOf(key);
+    return button && IsEnabled(button->control);
 }
 
-bool Toolbar::IsEnabled(const std::string& key) const {
-    int id = CommandIdOf(key);
+bool ToolbarWin::IsToolbarControl(Control control) const { return CommandIdOf(control) != 0; }
+
+bool ToolbarWin::SetEnabled(Control control, bool enabled) {
+    int id = CommandIdOf(control);
+    if (id) SendMessageA(hwnd_, TB_ENABLEBUTTON, id, MAKELPARAM(enabled ? TRUE : FALSE, 0));
+    return id != 0;
+}
+
+bool ToolbarWin::IsEnabled(Control control) const {
+    int id = CommandIdOf(control);
     return id && SendMessageA(hwnd_, TB_ISBUTTONENABLED, id, 0) != 0;
 }
 
-bool Toolbar::SetEnabled(Control control, bool enabled) {
-    for (const ToolbarButton& button : kToolbarButtons) {
-        if (button.control != control) continue;
-        SetEnabled(button.key, enabled);
-        return true;
-    }
-    return false;
+void ToolbarWin::Click(const std::string& key) {
+    if (onClick) onClick(key);
 }
 
-bool Toolbar::OnCommand(WPARAM wParam, LPARAM lParam) {
+bool ToolbarWin::OnCommand(WPARAM wParam, LPARAM lParam) {
     int index = ButtonIndexOf(LOWORD(wParam));
     if (!hwnd_ || reinterpret_cast<HWND>(lParam) != hwnd_ || index < 0) return false;
-    onClick_(kToolbarButtons[index].key);
+    Click(kToolbarButtons[index].key);
     return true;
 }
 
-bool Toolbar::OnNotify(const NMHDR* header, LRESULT& result) {
+bool ToolbarWin::OnNotify(const NMHDR* header, LRESULT& result) {
     if (!hwnd_) return false;
     if (header->hwndFrom == hwnd_ && header->code == TBN_DROPDOWN) {
         ShowHelpMenu(reinterpret_cast<const NMTOOLBARA*>(header)->iItem);
@@ -165,7 +162,7 @@ bool Toolbar::OnNotify(const NMHDR* header, LRESULT& result) {
     return true;
 }
 
-void Toolbar::ShowHelpMenu(int commandId) {
+void ToolbarWin::ShowHelpMenu(int commandId) {
     HMENU menu = CreatePopupMenu();
     if (!menu) return;
     for (int entry = 0; entry < kMenuCount; ++entry)
@@ -178,5 +175,5 @@ void Toolbar::ShowHelpMenu(int commandId) {
                                    button.bottom, GetParent(hwnd_), &avoid);
     DestroyMenu(menu);
     int entry = static_cast<int>(chosen) - kFirstMenuId;
-    if (entry >= 0 && entry < kMenuCount) onClick_(kHelpMenu[entry].key);
+    if (entry >= 0 && entry < kMenuCount) Click(kHelpMenu[entry].key);
 }

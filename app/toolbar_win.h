@@ -11,14 +11,12 @@
 
 #include <commctrl.h>
 
-class Toolbar {
+class ToolbarWin {
 public:
-    using ClickHandler = std::function<void(const std::string& key)>;
-
-    explicit Toolbar(ClickHandler onClick) : onClick_(std::move(onClick)) {}
-    ~Toolbar();
-    Toolbar(const Toolbar&) = delete;
-    Toolbar& operator=(const Toolbar&) = delete;
+    ToolbarWin() = default;
+    ~ToolbarWin();
+    ToolbarWin(const ToolbarWin&) = delete;
+    ToolbarWin& operator=(const ToolbarWin&) = delete;
 
     // Creates TB along the top of `parent`, sized for the parent's DPI.
     bool Create(HWND parent);
@@ -27,13 +25,17 @@ public:
     int Height() const;
     // The parent's WM_SIZE: keeps the toolbar along its top edge.
     void OnParentSize();
-    // The parent's WM_DPICHANGED: new pictures and font for the new DPI.
-    void OnDpiChanged();
+    // The parent's DPI and font changed: new pictures, captions in `font`
+    // (which stays the parent's).
+    void OnDpiChanged(int dpi, HFONT font);
 
     void SetEnabled(const std::string& key, bool enabled);
     bool IsEnabled(const std::string& key) const;
-    // For MainView::SetEnabled: false when `control` is no toolbar button.
+    // For MainView::SetEnabled / IsEnabled: SetEnabled answers false when
+    // `control` is no toolbar button.
+    bool IsToolbarControl(Control control) const;
     bool SetEnabled(Control control, bool enabled);
+    bool IsEnabled(Control control) const;
 
     // The parent's WM_COMMAND; true when it came from a toolbar button.
     bool OnCommand(WPARAM wParam, LPARAM lParam);
@@ -41,15 +43,16 @@ public:
     // handled, with the message's result in `result`.
     bool OnNotify(const NMHDR* header, LRESULT& result);
 
-private:
-    void ApplyDpi();
-    void ShowHelpMenu(int commandId);
-    int CommandIdOf(const std::string& key) const;
+    // A click on a button or help-menu entry, by key ("save" ... "exit", "h1", "h2").
+    std::function<void(const std::string& key)> onClick;
 
-    ClickHandler onClick_;
+private:
+    void SetPictures(int dpi);
+    void ShowHelpMenu(int commandId);
+    void Click(const std::string& key);
+
     HWND hwnd_ = nullptr;
     HIMAGELIST lstNormal_ = nullptr;
     HIMAGELIST lstDisabled_ = nullptr;
     HIMAGELIST lstHot_ = nullptr;
-    HFONT font_ = nullptr;
 };
