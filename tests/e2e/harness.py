@@ -1,48 +1,24 @@
-"""Runs the real Klickwerk.exe under Wine in a virtual X display and observes it
-from outside: files beside the executable, the probe program's event log, the
+"""Runs the real Klickwerk.exe under Wine and observes it from outside, as a
+user would: files beside the executable, the probe program's event log, the
 controls read by kwdriver.exe, and screenshots.
 
-One X display and one Wine prefix serve a whole test run; every test gets a
-fresh program folder and ends with every Windows process of the prefix killed.
-Nothing waits a fixed time: every wait polls a condition until a deadline.
+Every test gets a fresh output folder and program folder and ends with every
+Windows process of the prefix killed, pass or fail. Nothing waits a fixed
+time: every wait polls a condition until a deadline.
 """
-import atexit
 import json
-import os
 import re
 import shutil
-import signal
 import subprocess
 import tempfile
-import time
 import unittest
 from pathlib import Path
 
-REPO = Path(__file__).resolve().parents[2]
-BUILD_DIR = Path(os.environ.get("KW_BUILD_DIR", REPO / "build-e2e")).resolve()
-OUT_DIR = Path(os.environ.get("KW_E2E_OUT", BUILD_DIR / "e2e-out")).resolve()
-PREFIX_DIR = BUILD_DIR / "wineprefix"
-# Slow machines may stretch every deadline.
-TIMEOUT_SCALE = float(os.environ.get("KW_E2E_TIMEOUT_SCALE", "1"))
-DISPLAY_NUMBERS = range(93, 97)
-SCREEN = "1280x1024x24"
-POLL_SECONDS = 0.05
+from wine_session import BUILD_DIR, OUT_DIR, REPO, TIMEOUT_SCALE, WINE, session, wait_until
+
 # Files that travel with Klickwerk.exe when they exist, looked up in the
 # build tree first and then in the repository.
 COMPANION_FILES = ["InHook.dll", "Klickwerk.chm", "DYK.dat", "Scripts"]
-
-
-def _first_program(*candidates):
-    for candidate in candidates:
-        found = candidate if os.path.isabs(candidate) else shutil.which(candidate)
-        if found and os.access(found, os.X_OK):
-            return found
-    return candidates[0]
-
-
-# Debian's wine64 package has no /usr/bin/wine.
-WINE = _first_program("/usr/lib/wine/wine64", "wine64", "wine")
-WINESERVER = _first_program("/usr/lib/wine/wineserver64", "wineserver64", "wineserver")
 
 
 def _app_title():
@@ -60,166 +36,6 @@ def win_path(path):
     return "Z:" + str(path).replace("/", "\\")
 
 
-def wait_until(condition, timeout, what):
-    """Polls condition() until it returns something truthy; fails the test
-    with the last value seen when the deadline passes."""
-    deadline = time.monotonic() + timeout * TIMEOUT_SCALE
-    last = None
-    while True:
-        last = condition()
-        if last:
-            return last
-        if time.monotonic() > deadline:
-            raise AssertionError(f"timed out after {timeout} s waiting for {what}; last seen: {last!r}")
-        time.sleep(POLL_SECONDS)
-
-
-def _stop_process(process, grace=5):
-    if process.poll() is not None:
-        return
-    process.terminate()
-    try:
-        process.wait(grace)
-    except subprocess.TimeoutExpired:
-        process.kill()
-        process.wait()
-
-
-class VirtualDisplay:
-    """Xvfb on the first free display of ours, or the caller's display when
-    KW_E2E_DISPLAY is set (":N", or "1" for $DISPLAY)."""
-
-    def __init__(self):
-        self.process = None
-        self.name = None
-
-    def start(self):
-        chosen = os.environ.get("KW_E2E_DISPLAY")
-        if chosen:
-            self.name = os.environ["DISPLAY"] if chosen == "1" else chosen
-            return self.name
-        for number in DISPLAY_NUMBERS:
-            if Path(f"/tmp/.X{number}-lock").exists() or Path(f"/tmp/.X11-unix/X{number}").exists():
-                continue
-            if self._try_start(number):
-                return self.name
-        raise RuntimeError(f"no free X display among :{DISPLAY_NUMBERS[0]} to :{DISPLAY_NUMBERS[-1]}")
-
-    def _try_start(self, number):
-        self.process = subprocess.Popen(
-            ["Xvfb", f":{number}", "-screen", "0", SCREEN, "-nolisten", "tcp", "-noreset"],
-            stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, start_new_session=True)
-        socket = Path(f"/tmp/.X11-unix/X{number}")
-        ready = wait_until(lambda: socket.exists() or self.process.poll() is not None, 20, f"Xvfb :{number}")
-        if ready and self.process.poll() is None:
-            self.name = f":{number}"
-            return True
-        self.process = None
-        return False
-
-    def stop(self):
-        if self.process:
-            _stop_process(self.process)
-            self.process = None
-
-
-class WinePrefix:
-    """One prefix for the whole run, created once and reused afterwards."""
-
-    READY_MARK = ".klickwerk-ready"
-    # Unmanaged windows: without a window manager, managed windows make every
-    # hide or close wait two seconds for an answer that never comes.
-    SETTINGS = [
-        (r"HKCU\Software\Wine\X11 Driver", "Managed", "N"),
-        (r"HKCU\Software\Wine\WineDbg", "ShowCrashDialog", "0"),
-    ]
-
-    def __init__(self, path, display):
-        self.path = path
-        self.env = dict(os.environ, WINEPREFIX=str(path), WINEDEBUG="-all",
-                        WINEDLLOVERRIDES="mscoree,mshtml=", DISPLAY=display)
-        self.env.pop("WINELOADER", None)
-
-    def ensure(self):
-        if (self.path / self.READY_MARK).exists():
-            return
-        self.path.mkdir(parents=True, exist_ok=True)
-        self._run([WINE, "wineboot", "-i"], 300)
-        for key, name, value in self.SETTINGS:
-            self._run([WINE, "reg", "add", key, "/v", name, "/t", "REG_SZ", "/d", value, "/f"], 60)
-        self.kill()
-        (self.path / self.READY_MARK).write_text("wineboot done\n")
-
-    def _run(self, command, timeout):
-        subprocess.run(command, env=self.env, timeout=timeout * TIMEOUT_SCALE, check=True,
-                       stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-
-    def kill(self):
-        """Ends every Windows process of the prefix and waits for the server."""
-        if not self.path.exists():
-            return
-        for flag in ("-k", "-w"):
-            try:
-                subprocess.run([WINESERVER, flag], env=self.env, timeout=30,
-                               stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-            except subprocess.TimeoutExpired:
-                pass
-
-
-class Session:
-    def __init__(self):
-        self.display = VirtualDisplay()
-        self.prefix = None
-
-    def start(self):
-        display = self.display.start()
-        self.prefix = WinePrefix(PREFIX_DIR, display)
-        self.prefix.ensure()
-        return self
-
-    @property
-    def env(self):
-        return self.prefix.env
-
-    def stop(self):
-        if self.prefix:
-            self.prefix.kill()
-        self.display.stop()
-
-
-_session = None
-
-
-def session():
-    global _session
-    if _session is None:
-        _session = Session()
-        try:
-            _session.start()
-        except BaseException:
-            close_session()
-            raise
-    return _session
-
-
-def close_session():
-    global _session
-    if _session is not None:
-        _session.stop()
-        _session = None
-
-
-def _end_on_signal(number, _frame):
-    # A killed run must still take Xvfb and Wine down with it.
-    close_session()
-    os._exit(128 + number)
-
-
-atexit.register(close_session)
-signal.signal(signal.SIGTERM, _end_on_signal)
-signal.signal(signal.SIGHUP, _end_on_signal)
-
-
 def read_ini(path, section="MAIN"):
     """The keys of one section in file order, as the private-profile calls see them."""
     keys, current = [], None
@@ -233,31 +49,20 @@ def read_ini(path, section="MAIN"):
     return keys
 
 
-class WineTestCase(unittest.TestCase):
-    """Base of every end-to-end test: a fresh output folder per test and a
-    teardown that ends every process the test started, pass or fail."""
+def file_bytes(path):
+    """The file's contents; b"" when it does not exist."""
+    return Path(path).read_bytes() if Path(path).exists() else b""
 
-    def setUp(self):
-        self.session = session()
-        self.out = OUT_DIR / re.sub(r"[^A-Za-z0-9_.-]", "_", self.id())
-        shutil.rmtree(self.out, ignore_errors=True)
-        self.out.mkdir(parents=True)
-        self.started = []
-        self.addCleanup(self._stop_everything)
 
-    def _stop_everything(self):
-        for process in self.started:
-            if process.poll() is None:
-                process.kill()
-                process.wait()
-        self.session.prefix.kill()
+class WineOperations:
+    """Starting Windows programs and watching them. Needs self.session, self.out
+    (a folder for logs and screenshots) and self.started (the processes)."""
 
-    # Processes ------------------------------------------------------------
+    # Processes ----------------------------------------------------------------
 
     def start_windows_program(self, exe, *args, cwd=None, name=None):
         name = name or Path(exe).stem
-        log = open(self.out / f"{name}-{len(self.started)}.out", "wb")
-        with log:
+        with open(self.out / f"{name}-{len(self.started)}.out", "wb") as log:
             process = subprocess.Popen([WINE, str(exe), *args], cwd=cwd or self.out, env=self.session.env,
                                        stdin=subprocess.DEVNULL, stdout=log, stderr=subprocess.STDOUT)
         self.started.append(process)
@@ -267,20 +72,22 @@ class WineTestCase(unittest.TestCase):
         wait_until(lambda: process.poll() is not None, timeout, "the process to exit")
         return process.returncode
 
-    # Program folder and Klickwerk ----------------------------------------------
+    def stop_started(self):
+        for process in self.started:
+            if process.poll() is None:
+                process.kill()
+                process.wait()
+        self.session.prefix.kill()
+
+    # Program folder and Klickwerk ------------------------------------------------
 
     def make_program_folder(self, name="program", settings=None, files=None):
         """A folder holding Klickwerk.exe and its companion files; settings is a
         list of (key, value) written to Settings.ini, files maps relative
         names to bytes or text."""
-        exe = BUILD_DIR / "Klickwerk.exe"
-        if not exe.exists():
-            self.fail(f"{exe} is missing: build the Windows targets first")
         folder = self.out / name
-        folder.mkdir()
-        shutil.copy2(exe, folder)
-        for companion in COMPANION_FILES:
-            self._copy_companion(companion, folder)
+        folder.mkdir(parents=True, exist_ok=True)
+        install_program(folder)
         if settings is not None:
             lines = ["[MAIN]"] + [f"{key}={value}" for key, value in settings]
             (folder / "Settings.ini").write_bytes(("\r\n".join(lines) + "\r\n").encode("latin-1"))
@@ -290,24 +97,13 @@ class WineTestCase(unittest.TestCase):
             target.write_bytes(content if isinstance(content, bytes) else content.encode("latin-1"))
         return folder
 
-    @staticmethod
-    def _copy_companion(name, folder):
-        for base in (BUILD_DIR, REPO):
-            source = base / name
-            if source.is_dir():
-                shutil.copytree(source, folder / name)
-                return
-            if source.is_file():
-                shutil.copy2(source, folder)
-                return
-
     def start_klickwerk(self, folder, *args):
         return self.start_windows_program(folder / "Klickwerk.exe", *args, cwd=folder, name="klickwerk")
 
-    def close_klickwerk(self, process, title=APP_TITLE, timeout=20):
+    def close_klickwerk(self, process, window, timeout=20):
         """Closes the main window as the user would and waits for the process to
-        end; a message box shown meanwhile fails the test with its text."""
-        self.driver("close", title)
+        end; a message box shown meanwhile fails with its text."""
+        self.driver("close", window["target"])
 
         def ended_or_box():
             if process.poll() is not None:
@@ -316,9 +112,10 @@ class WineTestCase(unittest.TestCase):
             return f"message box {box['title']!r}: {box['text']!r}" if box else None
 
         outcome = wait_until(ended_or_box, timeout, "Klickwerk to close")
-        self.assertEqual("ended", outcome, "closing Klickwerk showed a message box")
+        if outcome != "ended":
+            raise AssertionError(f"closing Klickwerk showed a {outcome}")
 
-    # kwdriver ---------------------------------------------------------------
+    # kwdriver ---------------------------------------------------------------------
 
     def driver(self, *args, wait=0, allow_missing=False):
         """Runs kwdriver.exe and returns its JSON answer; None when the window or
@@ -337,37 +134,62 @@ class WineTestCase(unittest.TestCase):
         if code == 2 and allow_missing:
             return None
         if code != 0:
-            self.fail(f"kwdriver {' '.join(args)} failed ({code}): {reason}")
+            raise AssertionError(f"kwdriver {' '.join(args)} failed ({code}): {reason}")
         return json.loads(answer)
 
-    def wait_for_window(self, title=APP_TITLE, timeout=20):
+    def wait_for_window(self, title, timeout=20):
         """The visible top-level window with exactly this title."""
         def visible():
             window = self.driver("window", title, allow_missing=True)
             return window if window and window["visible"] else None
         return wait_until(visible, timeout, f"a visible window {title!r}")
 
-    def windows_titled(self, title):
-        return [w for w in self.driver("windows") if w["text"] == title]
+    def main_windows(self, title=APP_TITLE):
+        """Visible windows with this title that hold a list view: main windows,
+        as opposed to message boxes and the splash window with the same title.
+        "target" names each for kwdriver."""
+        found = []
+        for window in self.driver("windows"):
+            if window["text"] != title or not window["visible"] or window["class"] == "#32770":
+                continue
+            target = f"hwnd={window['hwnd']}"
+            controls = self.driver("controls", target, allow_missing=True) or []
+            if any(control["class"] == "SysListView32" for control in controls):
+                found.append(dict(self.driver("window", target), target=target))
+        return found
 
-    def wait_for_msgbox(self, timeout=20, pid=None):
+    def wait_for_main_window(self, title=APP_TITLE, timeout=30):
+        return wait_until(lambda: next(iter(self.main_windows(title)), None), timeout,
+                          f"the main window {title!r}")
+
+    def wait_for_msgbox(self, text, timeout=30, pid=None):
+        """Waits until a message box shows exactly this text and returns it; on
+        timeout the failure names the box that was showing, if any."""
         args = ["msgbox"] + (["--pid", str(pid)] if pid else [])
-        box = self.driver(*args, wait=timeout, allow_missing=True)
-        if box is None:
-            self.fail(f"no message box appeared within {timeout} s")
-        return box
+        seen = []
+
+        def showing():
+            box = self.driver(*args, allow_missing=True)
+            seen[:] = [box]
+            return box if box and box["text"] == text else None
+        try:
+            return wait_until(showing, timeout, f"a message box {text!r}")
+        except AssertionError:
+            raise AssertionError(f"no message box {text!r} within {timeout} s; showing: {seen!r}") from None
 
     def answer(self, button, pid=None):
-        args = ["answer", button] + (["--pid", str(pid)] if pid else [])
-        return self.driver(*args)
+        return self.driver("answer", button, *(["--pid", str(pid)] if pid else []))
 
-    def wait_for_grid_rows(self, count, title=APP_TITLE, timeout=20):
+    def grid(self, window):
+        return self.driver("grid", window["target"])
+
+    def wait_for_grid_rows(self, window, count, timeout=20):
         def filled():
-            grid = self.driver("grid", title, allow_missing=True)
-            return grid if grid and len(grid["rows"]) == count else None
-        return wait_until(filled, timeout, f"{count} rows in the grid of {title!r}")
+            grid = self.grid(window)
+            return grid if len(grid["rows"]) == count else None
+        return wait_until(filled, timeout, f"{count} rows in the grid")
 
-    # Files and logs ----------------------------------------------------------
+    # Files and logs -----------------------------------------------------------------
 
     def wait_for_file(self, path, timeout=20):
         return wait_until(lambda: Path(path).exists(), timeout, f"the file {path}")
@@ -386,7 +208,7 @@ class WineTestCase(unittest.TestCase):
             return None
         return wait_until(matching_line, timeout, f"a line matching {pattern!r} in {path}")
 
-    # Probe ------------------------------------------------------------------
+    # Probe ----------------------------------------------------------------------------
 
     def launch_probe(self, title="Klickwerk Probe", rect=None, ask=None):
         """Starts probe.exe and returns (log path, process) at once."""
@@ -407,7 +229,7 @@ class WineTestCase(unittest.TestCase):
         pid, x, y, width, height = (int(v) for v in ready.groups())
         return log, {"pid": pid, "x": x, "y": y, "width": width, "height": height, "process": process}
 
-    # X input and screenshots --------------------------------------------------
+    # X input and screenshots ------------------------------------------------------
 
     def xdotool(self, *args, timeout=20):
         return subprocess.run(["xdotool", *args], env=self.session.env, capture_output=True, text=True,
@@ -423,7 +245,8 @@ class WineTestCase(unittest.TestCase):
 
     def focus(self, title):
         """Gives the window the X input focus; Win32 activation alone does not
-        route X keyboard events to it."""
+        route X keyboard events to it. Never the root window: afterwards no X
+        keys would reach any Wine window."""
         self.xdotool("windowfocus", "--sync", self.x_window(title))
 
     def screenshot(self, name):
@@ -432,3 +255,37 @@ class WineTestCase(unittest.TestCase):
                        env=self.session.env, timeout=60 * TIMEOUT_SCALE, check=True,
                        stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         return path
+
+
+def install_program(folder):
+    """Copies Klickwerk.exe and whichever companion files exist into folder."""
+    exe = BUILD_DIR / "Klickwerk.exe"
+    if not exe.exists():
+        raise AssertionError(f"{exe} is missing: build the Windows targets first")
+    shutil.copy2(exe, folder)
+    for name in COMPANION_FILES:
+        for base in (BUILD_DIR, REPO):
+            source = base / name
+            if source.is_dir():
+                shutil.copytree(source, folder / name, dirs_exist_ok=True)
+                break
+            if source.is_file():
+                shutil.copy2(source, folder)
+                break
+
+
+class WineTestCase(WineOperations, unittest.TestCase):
+    """Base of every end-to-end test: a fresh output folder per test and a
+    teardown that ends every process the test started, pass or fail."""
+
+    def setUp(self):
+        self.session = session()
+        self.out = OUT_DIR / re.sub(r"[^A-Za-z0-9_.-]", "_", self.id())
+        shutil.rmtree(self.out, ignore_errors=True)
+        self.out.mkdir(parents=True)
+        self.started = []
+        self.addCleanup(self.stop_started)
+
+    def assert_no_errors_logged(self, folder):
+        log = Path(folder) / "Error.log"
+        self.assertFalse(log.exists(), f"Error.log: {file_bytes(log).decode('latin-1')}")

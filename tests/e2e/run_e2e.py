@@ -35,19 +35,19 @@ def main():
     if arguments.build:
         os.environ["KW_BUILD_DIR"] = str(Path(arguments.build).resolve())
     sys.path.insert(0, str(HERE))
-    import harness  # reads KW_BUILD_DIR, so only after it is set
+    import wine_session  # reads KW_BUILD_DIR, so only after it is set
 
     started = time.monotonic()
     try:
         result = unittest.TextTestRunner(verbosity=2, stream=sys.stdout).run(load_tests(arguments.modules))
     finally:
-        harness.close_session()
+        wine_session.close_session()
     failed = len(result.failures) + len(result.errors) + len(result.unexpectedSuccesses)
     passed = result.testsRun - failed - len(result.skipped)
     summary = {"passed": passed, "failed": failed, "skipped": len(result.skipped),
                "seconds": round(time.monotonic() - started, 1)}
-    harness.OUT_DIR.mkdir(parents=True, exist_ok=True)
-    (harness.OUT_DIR / "summary.json").write_text(json.dumps(summary) + "\n")
+    wine_session.OUT_DIR.mkdir(parents=True, exist_ok=True)
+    (wine_session.OUT_DIR / "summary.json").write_text(json.dumps(summary) + "\n")
     print(f"e2e: {passed} passed, {failed} failed, {summary['skipped']} skipped in {summary['seconds']} s")
     return 0 if failed == 0 and passed > 0 else 1
 

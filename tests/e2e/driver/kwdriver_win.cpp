@@ -13,7 +13,8 @@
 //     click <target> <button>    presses a push button of a window by its text
 //     close <target>             posts WM_CLOSE
 //
-// A target is an exact window title or "pid=<Windows process id>". Exit code
+// A target is an exact window title, "pid=<Windows process id>" or
+// "hwnd=<decimal handle>" (as "windows" prints it). Exit code
 // 0 on success, 2 when the window or control was not found (retried until the
 // --wait time is over), 1 on a usage error or a failed read.
 #include <windows.h>

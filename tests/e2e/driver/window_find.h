@@ -25,8 +25,8 @@ WindowInfo Describe(HWND window);
 std::vector<HWND> TopLevelWindows();
 std::vector<HWND> Descendants(HWND parent);
 
-// A target is a window title (exact) or "pid=<Windows process id>".
-// Visible windows win over hidden ones.
+// A target is a window title (exact), "pid=<Windows process id>" or
+// "hwnd=<handle as a decimal number>". Visible windows win over hidden ones.
 HWND FindTopLevel(const std::string& target);
 HWND FindDescendantByClass(HWND parent, const std::string& className);
 // Compares the control's text with the ampersands of its mnemonic removed,

@@ -72,6 +72,10 @@ std::vector<HWND> Descendants(HWND parent) {
 }
 
 HWND FindTopLevel(const std::string& target) {
+    if (target.rfind("hwnd=", 0) == 0) {
+        HWND window = reinterpret_cast<HWND>(static_cast<INT_PTR>(strtoll(target.c_str() + 5, nullptr, 10)));
+        return IsWindow(window) ? window : nullptr;
+    }
     HWND hidden = nullptr;
     for (HWND window : TopLevelWindows()) {
         if (!MatchesTarget(window, target)) continue;
