@@ -6,7 +6,7 @@
 #include <optional>
 
 #include "app/dpi_win.h"
-#include "app/repeat_button_win.h"
+#include "app/drawn_buttons_win.h"
 #include "app/resources/resource_ids.h"
 
 namespace {
@@ -21,8 +21,7 @@ enum ChildId : int {
 };
 
 constexpr DWORD kPushButton = WS_CHILD | WS_VISIBLE | WS_TABSTOP | BS_PUSHBUTTON;
-// The drop-down arrow is the letter "6" of the Marlett symbol font.
-constexpr const char* kArrowGlyph = "6";
+constexpr DWORD kDrawnButton = WS_CHILD | WS_VISIBLE | WS_TABSTOP | BS_OWNERDRAW;
 
 struct Button {
     Control control;
@@ -35,24 +34,14 @@ constexpr Button kButtons[] = {
     {Control::Start, kIdStart, "Start", kPushButton},
     {Control::Stop, kIdStop, "Stop", kPushButton},
     {Control::Record, kIdRecord, "RECORD", kPushButton},
-    {Control::RecOptions, kIdRecOptions, kArrowGlyph, kPushButton},
-    {Control::Repeat, kIdRepeat, "Repeat", WS_CHILD | WS_VISIBLE | WS_TABSTOP | BS_OWNERDRAW},
+    {Control::RecOptions, kIdRecOptions, "Record options", kDrawnButton},
+    {Control::Repeat, kIdRepeat, "Repeat", kDrawnButton},
 };
 
 const Button* ButtonById(int id) {
     for (const Button& button : kButtons)
         if (button.id == id) return &button;
     return nullptr;
-}
-
-HFONT CreateArrowFont(HFONT textFont) {
-    LOGFONTA font{};
-    GetObjectA(textFont, sizeof font, &font);
-    LOGFONTA arrow{};
-    arrow.lfHeight = font.lfHeight;
-    arrow.lfCharSet = SYMBOL_CHARSET;
-    lstrcpynA(arrow.lfFaceName, "Marlett", LF_FACESIZE);
-    return CreateFontIndirectA(&arrow);
 }
 
 void MoveTo(HWND window, const PixelRect& rect) {
@@ -63,14 +52,13 @@ void MoveTo(HWND window, const PixelRect& rect) {
 MainWindow::~MainWindow() {
     if (hwnd_) DestroyWindow(hwnd_);
     if (font_) DeleteObject(font_);
-    if (arrowFont_) DeleteObject(arrowFont_);
 }
 
 bool MainWindow::Create() {
     frameVisible_[Frame::Main] = true;
     HICON icon = LoadIconA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(IDI_KLICKWERK));
     if (!RegisterWindowClass(kClassName, icon, reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1))) return false;
-    if (!CreateWindowOfClass(kClassName, "Klickwerk", WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, WS_EX_CONTROLPARENT,
+    if (!CreateWindowOfClass(kClassName, "Klickwerk", WS_OVERLAPPEDWINDOW, WS_EX_CONTROLPARENT,
                              CW_USEDEFAULT, CW_USEDEFAULT, 0, 0, nullptr))
         return false;
     dpi_ = WindowDpi(hwnd_);
@@ -103,18 +91,14 @@ HWND MainWindow::CreateChild(const char* className, const char* text, DWORD styl
 
 void MainWindow::ApplyFonts() {
     HFONT oldFont = font_;
-    HFONT oldArrow = arrowFont_;
     font_ = CreateMessageFont(dpi_);
-    arrowFont_ = CreateArrowFont(font_);
     for (HWND child : {frame_, dropButton_, dropStopKeys_})
         SendMessageA(child, WM_SETFONT, reinterpret_cast<WPARAM>(font_), TRUE);
-    for (auto& [id, button] : buttons_)
-        SendMessageA(button, WM_SETFONT, reinterpret_cast<WPARAM>(id == kIdRecOptions ? arrowFont_ : font_), TRUE);
+    for (auto& [id, button] : buttons_) SendMessageA(button, WM_SETFONT, reinterpret_cast<WPARAM>(font_), TRUE);
     grid_.SetFont(font_);
     statusBar_.SetFont(font_);
     about_.OnDpiChanged(dpi_, font_);
     if (oldFont) DeleteObject(oldFont);
-    if (oldArrow) DeleteObject(oldArrow);
 }
 
 void MainWindow::Layout() {
@@ -161,9 +145,7 @@ LRESULT MainWindow::HandleMessage(HWND hwnd, UINT message, WPARAM wParam, LPARAM
         case WM_COMMAND: OnCommand(LOWORD(wParam), HIWORD(wParam)); return 0;
         case WM_TIMER: OnTimer(wParam); return 0;
         case WM_NOTIFY: return OnNotify(*reinterpret_cast<NMHDR*>(lParam));
-        case WM_DRAWITEM:
-            if (wParam == kIdRepeat) DrawRepeatButton(*reinterpret_cast<DRAWITEMSTRUCT*>(lParam), repeatOn_);
-            return TRUE;
+        case WM_DRAWITEM: OnDrawItem(*reinterpret_cast<DRAWITEMSTRUCT*>(lParam)); return TRUE;
         case WM_SIZE:
             if (wParam != SIZE_MINIMIZED) Layout();
             return 0;
@@ -183,6 +165,11 @@ LRESULT MainWindow::HandleMessage(HWND hwnd, UINT message, WPARAM wParam, LPARAM
 void MainWindow::OnCommand(int id, int code) {
     const Button* button = ButtonById(id);
     if (button && code == BN_CLICKED) Click(button->control);
+}
+
+void MainWindow::OnDrawItem(const DRAWITEMSTRUCT& item) {
+    if (item.CtlID == kIdRepeat) DrawRepeatButton(item, repeatOn_);
+    if (item.CtlID == kIdRecOptions) DrawArrowButton(item);
 }
 
 void MainWindow::OnTimer(UINT_PTR id) {

@@ -72,6 +72,7 @@ private:
     HWND ControlWindow(Control control) const;
 
     void OnCommand(int id, int code);
+    void OnDrawItem(const DRAWITEMSTRUCT& item);
     void OnTimer(UINT_PTR id);
     LRESULT OnNotify(NMHDR& header);
     void OnDpiChanged(int dpi, const RECT& suggested);
@@ -89,7 +90,6 @@ private:
     HWND dropButton_ = nullptr;    // cmbDrop
     HWND dropStopKeys_ = nullptr;  // cmbStopKeys
     HFONT font_ = nullptr;
-    HFONT arrowFont_ = nullptr;
     int dpi_ = 96;
 
     std::array<std::string, kPanelCount + 1> panels_;  // index 1 to 6

@@ -1,12 +1,16 @@
 #include "script/step_grid_win.h"
 
+#include <algorithm>
 #include <stdexcept>
 
 #include "script/runtime_error.h"
 
 namespace {
 constexpr DWORD kListStyle = WS_CHILD | WS_VISIBLE | WS_TABSTOP | LVS_REPORT | LVS_SHOWSELALWAYS;
-constexpr DWORD kListExStyle = LVS_EX_CHECKBOXES | LVS_EX_FULLROWSELECT | LVS_EX_GRIDLINES | LVS_EX_DOUBLEBUFFER;
+// No double buffering: the control then leaves its background to
+// WM_ERASEBKGND, where the grid's picture is tiled.
+constexpr DWORD kListExStyle = LVS_EX_CHECKBOXES | LVS_EX_FULLROWSELECT | LVS_EX_GRIDLINES;
+constexpr UINT_PTR kSubclassId = 1;
 // The state-image indexes of the check boxes.
 constexpr UINT kUnchecked = INDEXTOSTATEIMAGEMASK(1);
 constexpr UINT kChecked = INDEXTOSTATEIMAGEMASK(2);
@@ -17,7 +21,36 @@ COLORREF ScreenColour(std::uint32_t colour) {
     if (colour & 0x80000000u) return GetSysColor(static_cast<int>(colour & 0xFFu));
     return static_cast<COLORREF>(colour);
 }
+
+// Tiles the picture so that it moves with the rows when they scroll.
+void PaintBackground(HWND list, HDC dc, HBRUSH picture, SIZE tile) {
+    RECT client;
+    GetClientRect(list, &client);
+    RECT firstRow{LVIR_BOUNDS};
+    int topIndex = static_cast<int>(SendMessageA(list, LVM_GETTOPINDEX, 0, 0));
+    int rowHeight = SendMessageA(list, LVM_GETITEMRECT, 0, reinterpret_cast<LPARAM>(&firstRow))
+                        ? firstRow.bottom - firstRow.top
+                        : 0;
+    int scrolledX = GetScrollPos(list, SB_HORZ);
+    int scrolledY = topIndex * rowHeight;
+    SetBrushOrgEx(dc, -(scrolledX % tile.cx), -(scrolledY % tile.cy), nullptr);
+    FillRect(dc, &client, picture);
+}
+
+LRESULT CALLBACK ListProc(HWND list, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR data) {
+    auto* grid = reinterpret_cast<StepGridWin*>(data);
+    if (message == WM_ERASEBKGND && grid->Picture()) {
+        PaintBackground(list, reinterpret_cast<HDC>(wParam), grid->Picture(), grid->PictureSize());
+        return TRUE;
+    }
+    if (message == WM_NCDESTROY) RemoveWindowSubclass(list, &ListProc, kSubclassId);
+    return DefSubclassProc(list, message, wParam, lParam);
+}
 }  // namespace
+
+StepGridWin::~StepGridWin() {
+    if (picture_) DeleteObject(picture_);
+}
 
 bool StepGridWin::Create(HWND parent, int id, int dpi, HBITMAP background) {
     dpi_ = dpi;
@@ -26,11 +59,13 @@ bool StepGridWin::Create(HWND parent, int id, int dpi, HBITMAP background) {
     if (!list_) return false;
     SendMessageA(list_, LVM_SETEXTENDEDLISTVIEWSTYLE, kListExStyle, kListExStyle);
     if (background) {
-        LVBKIMAGEA image{};
-        image.ulFlags = LVBKIF_SOURCE_HBITMAP | LVBKIF_STYLE_TILE;
-        image.hbm = background;
-        SendMessageA(list_, LVM_SETBKIMAGEA, 0, reinterpret_cast<LPARAM>(&image));
+        BITMAP info{};
+        GetObjectA(background, sizeof info, &info);
+        pictureSize_ = {std::max<LONG>(info.bmWidth, 1), std::max<LONG>(info.bmHeight, 1)};
+        picture_ = CreatePatternBrush(background);
+        DeleteObject(background);
         SendMessageA(list_, LVM_SETTEXTBKCOLOR, 0, CLR_NONE);
+        SetWindowSubclass(list_, &ListProc, kSubclassId, reinterpret_cast<DWORD_PTR>(this));
     }
     return true;
 }

@@ -13,9 +13,16 @@
 
 class StepGridWin : public StepGrid {
 public:
-    // Creates the list view as a child of `parent`, with the tiled picture
-    // `background` (the control owns it from then on).
+    StepGridWin() = default;
+    ~StepGridWin() override;
+    StepGridWin(const StepGridWin&) = delete;
+    StepGridWin& operator=(const StepGridWin&) = delete;
+
+    // Creates the list view as a child of `parent`, with the picture
+    // `background` tiled behind the rows (the grid takes the bitmap over).
     bool Create(HWND parent, int id, int dpi, HBITMAP background);
+    HBRUSH Picture() const { return picture_; }
+    SIZE PictureSize() const { return pictureSize_; }
     HWND Handle() const { return list_; }
     void Move(const PixelRect& rect);
     void SetFont(HFONT font);
@@ -50,6 +57,8 @@ private:
 
     HWND list_ = nullptr;
     int dpi_ = 96;
+    HBRUSH picture_ = nullptr;
+    SIZE pictureSize_{1, 1};
     std::vector<std::string> marks_;
     std::vector<std::uint32_t> colours_;
 };

@@ -99,7 +99,7 @@ def write_icon(path, sizes):
 def background_pixel(size, px, py):
     """A faint arrow in two corners of the tile, so tiles form a diagonal pattern."""
     ground = (251, 252, 254)
-    ink = (238, 240, 247)
+    ink = (242, 244, 249)
     half = size // 2
     for ox, oy in ((0, 0), (half, half)):
         local_x, local_y = (px - ox) % size, (py - oy) % size
