@@ -20,7 +20,6 @@ from pathlib import Path
 REPO = Path(__file__).resolve().parents[2]
 BUILD_DIR = Path(os.environ.get("KW_BUILD_DIR", REPO / "build-e2e")).resolve()
 OUT_DIR = Path(os.environ.get("KW_E2E_OUT", BUILD_DIR / "e2e-out")).resolve()
-PREFIX_DIR = BUILD_DIR / "wineprefix"
 # Slow machines may stretch every deadline.
 TIMEOUT_SCALE = float(os.environ.get("KW_E2E_TIMEOUT_SCALE", "1"))
 DISPLAY_NUMBERS = range(93, 97)
@@ -105,19 +104,20 @@ class VirtualDisplay:
 
 
 class WinePrefix:
-    """One prefix for the whole run, created once and reused afterwards."""
+    """A prefix in the build tree, created once and reused afterwards.
+
+    The tests' prefix makes windows unmanaged: without a window manager, every
+    hide or close of a managed window waits two seconds for an answer that
+    never comes. A prefix for the user's own desktop keeps managed windows."""
 
     READY_MARK = ".klickwerk-ready"
-    # Unmanaged windows: without a window manager, managed windows make every
-    # hide or close wait two seconds for an answer that never comes.
-    SETTINGS = [
-        (r"HKCU\Software\Wine\X11 Driver", "Managed", "N"),
-        (r"HKCU\Software\Wine\WineDbg", "ShowCrashDialog", "0"),
-    ]
+    NO_CRASH_DIALOG = (r"HKCU\Software\Wine\WineDbg", "ShowCrashDialog", "0")
+    UNMANAGED_WINDOWS = (r"HKCU\Software\Wine\X11 Driver", "Managed", "N")
 
-    def __init__(self, path, display):
-        self.path = path
-        self.env = dict(os.environ, WINEPREFIX=str(path), WINEDEBUG="-all",
+    def __init__(self, display, managed_windows=False):
+        self.path = BUILD_DIR / ("wineprefix-desktop" if managed_windows else "wineprefix")
+        self.settings = [self.NO_CRASH_DIALOG] + ([] if managed_windows else [self.UNMANAGED_WINDOWS])
+        self.env = dict(os.environ, WINEPREFIX=str(self.path), WINEDEBUG="-all",
                         WINEDLLOVERRIDES="mscoree,mshtml=", DISPLAY=display)
         self.env.pop("WINELOADER", None)
 
@@ -126,7 +126,7 @@ class WinePrefix:
             return
         self.path.mkdir(parents=True, exist_ok=True)
         self._run([WINE, "wineboot", "-i"], 300)
-        for key, name, value in self.SETTINGS:
+        for key, name, value in self.settings:
             self._run([WINE, "reg", "add", key, "/v", name, "/t", "REG_SZ", "/d", value, "/f"], 60)
         self.kill()
         (self.path / self.READY_MARK).write_text("wineboot done\n")
@@ -148,13 +148,14 @@ class WinePrefix:
 
 
 class Session:
-    def __init__(self):
+    def __init__(self, managed_windows):
         self.display = VirtualDisplay()
+        self.managed_windows = managed_windows
         self.prefix = None
 
     def start(self):
         display = self.display.start()
-        self.prefix = WinePrefix(PREFIX_DIR, display)
+        self.prefix = WinePrefix(display, self.managed_windows)
         self.prefix.ensure()
         return self
 
@@ -171,10 +172,11 @@ class Session:
 _session = None
 
 
-def session():
+def session(managed_windows=False):
+    """The run's display and prefix, started by the first call."""
     global _session
     if _session is None:
-        _session = Session()
+        _session = Session(managed_windows)
         try:
             _session.start()
         except BaseException:

@@ -1,0 +1,43 @@
+# Shared by run_tests.sh and run_program.sh: the packages a fresh Debian
+# machine lacks, and the two builds. Source it from the repository's root.
+
+KW_NATIVE_BUILD=${KW_NATIVE_BUILD:-build-native}
+KW_WINDOWS_BUILD=${KW_WINDOWS_BUILD:-build-windows}
+
+KW_PACKAGES=(
+  build-essential cmake git python3
+  googletest libgtest-dev libgmock-dev libbenchmark-dev
+  g++-mingw-w64-x86-64-posix
+  wine64 fonts-wine xvfb xauth xdotool imagemagick
+  fp-utils libchm-bin
+)
+
+kw_missing_packages() {
+  local package
+  for package in "${KW_PACKAGES[@]}"; do
+    dpkg-query -W -f='${Status}\n' "$package" 2>/dev/null | grep -q '^install ok installed$' || echo "$package"
+  done
+}
+
+# Installs only what is missing, so a prepared machine skips this at once.
+kw_install_packages() {
+  local missing
+  missing=$(kw_missing_packages)
+  [ -z "$missing" ] && return 0
+  local sudo=""
+  [ "$(id -u)" -ne 0 ] && sudo="sudo"
+  echo "Installing:" $missing
+  $sudo apt-get update -q &&
+    DEBIAN_FRONTEND=noninteractive $sudo apt-get install -y -q --no-install-recommends $missing
+}
+
+kw_build_native() {
+  cmake -S . -B "$KW_NATIVE_BUILD" -DCMAKE_BUILD_TYPE=Release &&
+    cmake --build "$KW_NATIVE_BUILD" -- -j2
+}
+
+kw_build_windows() {
+  cmake -S . -B "$KW_WINDOWS_BUILD" -DCMAKE_BUILD_TYPE=Release \
+      -DCMAKE_TOOLCHAIN_FILE="$PWD/cmake/mingw-w64.cmake" &&
+    cmake --build "$KW_WINDOWS_BUILD" -- -j2
+}

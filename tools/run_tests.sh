@@ -1,0 +1,74 @@
+#!/usr/bin/env bash
+# Every test of the project in one command: installs what a fresh Debian
+# machine lacks, builds the portable behaviour and runs its unit tests,
+# cross-builds the Windows program and runs the end-to-end tests under Wine.
+# The last line is "N passed, M failed"; the exit code is 0 only when
+# nothing failed.
+#
+#   bash tools/run_tests.sh
+#
+# KW_NATIVE_BUILD and KW_WINDOWS_BUILD name the build folders
+# (build-native and build-windows by default).
+set -uo pipefail
+cd "$(dirname "$0")/.."
+source tools/common.sh
+
+started=$SECONDS
+passed=0
+failed=0
+
+step() { echo; echo "=== $*"; }
+failed_step() { echo "FAILED: $*"; failed=$((failed + 1)); }
+
+step "Packages"
+kw_install_packages || { echo "FAILED: package installation"; echo "0 passed, 1 failed"; exit 1; }
+
+# Runs ctest in a build folder and adds its counts to the totals.
+run_ctest() {
+  local log counts
+  log=$(mktemp)
+  ctest --test-dir "$@" --output-on-failure --timeout 300 2>&1 | tee "$log"
+  # "100% tests passed, 0 tests failed out of 57"
+  counts=$(grep -Eo '[0-9]+ tests? failed out of [0-9]+' "$log" | tail -1)
+  if [ -n "$counts" ]; then
+    passed=$((passed + ${counts##* } - ${counts%% *}))
+    failed=$((failed + ${counts%% *}))
+  elif ! grep -q 'No tests were found' "$log"; then
+    failed_step "ctest in $1 reported no results"
+  fi
+  rm -f "$log"
+}
+
+summary_count() {
+  python3 -c 'import json, sys; print(json.load(open(sys.argv[1]))[sys.argv[2]])' "$1" "$2"
+}
+
+step "Native build and unit tests ($KW_NATIVE_BUILD)"
+if kw_build_native; then
+  run_ctest "$KW_NATIVE_BUILD" -j2
+else
+  failed_step "native build"
+fi
+
+step "Windows build ($KW_WINDOWS_BUILD)"
+if kw_build_windows; then
+  step "Checks of the Windows build"
+  run_ctest "$KW_WINDOWS_BUILD" -E '^e2e[.]'
+  step "End-to-end tests under Wine"
+  summary="$KW_WINDOWS_BUILD/e2e-out/summary.json"
+  rm -f "$summary"
+  python3 tests/e2e/run_e2e.py --build "$KW_WINDOWS_BUILD"
+  if [ -f "$summary" ]; then
+    passed=$((passed + $(summary_count "$summary" passed)))
+    failed=$((failed + $(summary_count "$summary" failed)))
+  else
+    failed_step "the end-to-end run wrote no summary"
+  fi
+else
+  failed_step "Windows build"
+fi
+
+echo
+echo "Total time: $((SECONDS - started)) s"
+echo "$passed passed, $failed failed"
+[ "$failed" -eq 0 ] && [ "$passed" -gt 0 ]
