@@ -31,6 +31,8 @@ constexpr double kButtonHeight = 400;
 constexpr double kButtonMargin = 200;
 
 constexpr int kHideButtonId = 1;
+constexpr UINT_PTR kHoverTimerId = 1;
+constexpr UINT kHoverCheckMs = 100;
 
 HWND Child(HWND parent, const char* className, DWORD style, int id) {
     return CreateWindowExA(0, className, "", WS_CHILD | WS_VISIBLE | style, 0, 0, 0, 0, parent,
@@ -185,17 +187,32 @@ LRESULT AboutFrameWin::ColourLabel(HDC dc, HWND label) {
     return reinterpret_cast<LRESULT>(background_);
 }
 
+void AboutFrameWin::SetHoveredLink(HWND link) {
+    if (link == hoveredLink_) return;
+    if (hoveredLink_) InvalidateRect(hoveredLink_, nullptr, TRUE);
+    if (link) InvalidateRect(link, nullptr, TRUE);
+    hoveredLink_ = link;
+    // The pointer may leave the frame straight from a link; a short timer notices.
+    if (link) {
+        SetTimer(hwnd_, kHoverTimerId, kHoverCheckMs, nullptr);
+    } else {
+        KillTimer(hwnd_, kHoverTimerId);
+    }
+}
+
 // Links show a hand and change colour while the pointer is over them.
 bool AboutFrameWin::SetCursorFor(HWND child) {
     HWND link = child == mail_ || child == web_ ? child : nullptr;
-    if (link != hoveredLink_) {
-        if (hoveredLink_) InvalidateRect(hoveredLink_, nullptr, TRUE);
-        if (link) InvalidateRect(link, nullptr, TRUE);
-        hoveredLink_ = link;
-    }
+    SetHoveredLink(link);
     if (!link) return false;
     SetCursor(LoadCursorA(nullptr, IDC_HAND));
     return true;
+}
+
+void AboutFrameWin::CheckHover() {
+    POINT pointer{};
+    GetCursorPos(&pointer);
+    if (WindowFromPoint(pointer) != hoveredLink_ || !IsWindowVisible(hwnd_)) SetHoveredLink(nullptr);
 }
 
 void AboutFrameWin::OnCommand(WPARAM wParam, LPARAM lParam) {
@@ -220,6 +237,9 @@ LRESULT AboutFrameWin::HandleMessage(HWND hwnd, UINT message, WPARAM wParam, LPA
             break;
         case WM_COMMAND:
             OnCommand(wParam, lParam);
+            return 0;
+        case WM_TIMER:
+            if (wParam == kHoverTimerId) CheckHover();
             return 0;
     }
     return DefWindowProcA(hwnd, message, wParam, lParam);

@@ -40,7 +40,9 @@ private:
     void Layout();
     void Paint();
     LRESULT ColourLabel(HDC dc, HWND label);
+    void SetHoveredLink(HWND link);
     bool SetCursorFor(HWND child);
+    void CheckHover();
     void OnCommand(WPARAM wParam, LPARAM lParam);
 
     int dpi_ = 96;

@@ -109,8 +109,6 @@ void ToolbarWin::OnDpiChanged(int dpi, HFONT font) {
     if (!hwnd_) return;
     SetPictures(dpi);
     SendMessageA(hwnd_, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
-    // The button sizes follow the new pictures and font only when recomputed.
-    SendMessageA(hwnd_, TB_SETBUTTONSIZE, 0, 0);
     SendMessageA(hwnd_, TB_AUTOSIZE, 0, 0);
 }
 
