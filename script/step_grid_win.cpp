@@ -22,6 +22,27 @@ COLORREF ScreenColour(std::uint32_t colour) {
     return static_cast<COLORREF>(colour);
 }
 
+// The picture is drawn for 96 DPI; other DPIs get it scaled.
+HBITMAP ScaledCopy(HBITMAP source, int dpi, SIZE& size) {
+    BITMAP info{};
+    GetObjectA(source, sizeof info, &info);
+    size = {std::max(1, MulDiv(info.bmWidth, dpi, 96)), std::max(1, MulDiv(info.bmHeight, dpi, 96))};
+    HDC screen = GetDC(nullptr);
+    HDC from = CreateCompatibleDC(screen);
+    HDC to = CreateCompatibleDC(screen);
+    HBITMAP copy = CreateCompatibleBitmap(screen, size.cx, size.cy);
+    HGDIOBJ oldFrom = SelectObject(from, source);
+    HGDIOBJ oldTo = SelectObject(to, copy);
+    SetStretchBltMode(to, HALFTONE);
+    StretchBlt(to, 0, 0, size.cx, size.cy, from, 0, 0, info.bmWidth, info.bmHeight, SRCCOPY);
+    SelectObject(from, oldFrom);
+    SelectObject(to, oldTo);
+    DeleteDC(from);
+    DeleteDC(to);
+    ReleaseDC(nullptr, screen);
+    return copy;
+}
+
 // Tiles the picture so that it moves with the rows when they scroll.
 void PaintBackground(HWND list, HDC dc, HBRUSH picture, SIZE tile) {
     RECT client;
@@ -50,6 +71,7 @@ LRESULT CALLBACK ListProc(HWND list, UINT message, WPARAM wParam, LPARAM lParam,
 
 StepGridWin::~StepGridWin() {
     if (picture_) DeleteObject(picture_);
+    if (pictureSource_) DeleteObject(pictureSource_);
 }
 
 bool StepGridWin::Create(HWND parent, int id, int dpi, HBITMAP background) {
@@ -59,11 +81,8 @@ bool StepGridWin::Create(HWND parent, int id, int dpi, HBITMAP background) {
     if (!list_) return false;
     SendMessageA(list_, LVM_SETEXTENDEDLISTVIEWSTYLE, kListExStyle, kListExStyle);
     if (background) {
-        BITMAP info{};
-        GetObjectA(background, sizeof info, &info);
-        pictureSize_ = {std::max<LONG>(info.bmWidth, 1), std::max<LONG>(info.bmHeight, 1)};
-        picture_ = CreatePatternBrush(background);
-        DeleteObject(background);
+        pictureSource_ = background;
+        ScalePicture();
         SendMessageA(list_, LVM_SETTEXTBKCOLOR, 0, CLR_NONE);
         SetWindowSubclass(list_, &ListProc, kSubclassId, reinterpret_cast<DWORD_PTR>(this));
     }
@@ -82,6 +101,16 @@ void StepGridWin::OnDpiChanged(int dpi) {
         SendMessageA(list_, LVM_SETCOLUMNWIDTH, column, MulDiv(width, dpi, dpi_));
     }
     dpi_ = dpi;
+    ScalePicture();
+}
+
+void StepGridWin::ScalePicture() {
+    if (!pictureSource_) return;
+    if (picture_) DeleteObject(picture_);
+    HBITMAP scaled = ScaledCopy(pictureSource_, dpi_, pictureSize_);
+    picture_ = CreatePatternBrush(scaled);
+    DeleteObject(scaled);
+    InvalidateRect(list_, nullptr, TRUE);
 }
 
 LRESULT StepGridWin::OnCustomDraw(NMLVCUSTOMDRAW& draw) {

@@ -52,11 +52,13 @@ private:
     // The list view's item index of a 1-based row; raises for rows that do not exist.
     int Index(int row) const;
     void CheckColumn(int column) const;
+    void ScalePicture();
     UINT ItemState(int row, UINT mask) const;
     void SetItemState(int row, UINT state, UINT mask);
 
     HWND list_ = nullptr;
     int dpi_ = 96;
+    HBITMAP pictureSource_ = nullptr;
     HBRUSH picture_ = nullptr;
     SIZE pictureSize_{1, 1};
     std::vector<std::string> marks_;
