@@ -22,6 +22,12 @@ protected:
         std::string log = t.ReadFile("Error.log");
         return log.substr(log.rfind('\n', log.size() - 2) + 1);
     }
+    // Notes whether `control` is disabled while the dialog is up.
+    void WatchWhileDialogShown(Control control) {
+        t.dialogs.onShow = [this, control](const ScriptedDialogs::Shown&) {
+            disabledWhileShown = !t.main.IsEnabled(control);
+        };
+    }
     bool ShownInBox(const std::string& text) const {
         for (const auto& box : t.boxes.shown) {
             if (box.text == text && box.title == t.app.appTitle && box.style == BoxStyle::Information) return true;
@@ -30,6 +36,7 @@ protected:
     }
 
     TestApp t;
+    bool disabledWhileShown = false;
 };
 
 TEST(ProposeScriptName, CountsOnFromTheHighestNumberListedSoFar) {
@@ -73,10 +80,7 @@ TEST_F(SaveLoadTest, SaveCopiesTheWorkingCopyByteForByte) {
     AddSteps();
     t.WriteFile("Scripts/Klickwerk001.kwf", "True|||1||0||0||No Click||||0||0||0\r\n");
     t.dialogs.answers.push_back(t.Path("Scripts\\mine.kwf"));
-    bool disabledWhileShown = false;
-    t.dialogs.onShow = [&](const ScriptedDialogs::Shown&) {
-        disabledWhileShown = !t.main.IsEnabled(Control::ToolSave);
-    };
+    WatchWhileDialogShown(Control::ToolSave);
     ToolbarClick(t.app, "save");
 
     ASSERT_EQ(t.dialogs.shown.size(), 1u);
@@ -162,10 +166,7 @@ TEST_F(SaveLoadTest, LoadReplacesTheWorkingCopyAndTheGrid) {
     const std::string loaded = "True|||1||5||6||Right Click||hi||0||3||1\r\n";
     t.WriteFile("Scripts/other.kwf", loaded);
     t.dialogs.answers.push_back(t.Path("Scripts\\other.kwf"));
-    bool disabledWhileShown = false;
-    t.dialogs.onShow = [&](const ScriptedDialogs::Shown&) {
-        disabledWhileShown = !t.main.IsEnabled(Control::ToolLoad);
-    };
+    WatchWhileDialogShown(Control::ToolLoad);
     ToolbarClick(t.app, "load");
 
     ASSERT_EQ(t.dialogs.shown.size(), 1u);
