@@ -10,7 +10,10 @@ constexpr DWORD kListStyle = WS_CHILD | WS_VISIBLE | WS_TABSTOP | LVS_REPORT | L
 // No double buffering: the control then leaves its background to
 // WM_ERASEBKGND, where the grid's picture is tiled.
 constexpr DWORD kListExStyle = LVS_EX_CHECKBOXES | LVS_EX_FULLROWSELECT | LVS_EX_GRIDLINES;
-constexpr UINT_PTR kSubclassId = 1;
+// Painting stops while rows change in bulk and comes back when the program
+// is idle again: WM_TIMER arrives only when no other message waits.
+constexpr UINT_PTR kRedrawTimerId = 1;
+constexpr UINT kRedrawDelayMs = 50;
 // The state-image indexes of the check boxes.
 constexpr UINT kUnchecked = INDEXTOSTATEIMAGEMASK(1);
 constexpr UINT kChecked = INDEXTOSTATEIMAGEMASK(2);
@@ -58,16 +61,29 @@ void PaintBackground(HWND list, HDC dc, HBRUSH picture, SIZE tile) {
     FillRect(dc, &client, picture);
 }
 
-LRESULT CALLBACK ListProc(HWND list, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR data) {
-    auto* grid = reinterpret_cast<StepGridWin*>(data);
-    if (message == WM_ERASEBKGND && grid->Picture()) {
-        PaintBackground(list, reinterpret_cast<HDC>(wParam), grid->Picture(), grid->PictureSize());
+}  // namespace
+
+// The list view's own window procedure is wrapped by hand: the common
+// controls' subclass helper looks its data up in a window property on every
+// message, which Wine answers through its server.
+LRESULT CALLBACK StepGridWin::ListProc(HWND list, UINT message, WPARAM wParam, LPARAM lParam) {
+    auto* grid = reinterpret_cast<StepGridWin*>(GetWindowLongPtrW(list, GWLP_USERDATA));
+    if (!grid) return DefWindowProcW(list, message, wParam, lParam);
+    if (message == WM_ERASEBKGND && grid->picture_) {
+        PaintBackground(list, reinterpret_cast<HDC>(wParam), grid->picture_, grid->pictureSize_);
         return TRUE;
     }
-    if (message == WM_NCDESTROY) RemoveWindowSubclass(list, &ListProc, kSubclassId);
-    return DefSubclassProc(list, message, wParam, lParam);
+    if (message == WM_TIMER && wParam == kRedrawTimerId) {
+        grid->ResumeRedraw();
+        return 0;
+    }
+    WNDPROC original = grid->listProc_;
+    if (message == WM_NCDESTROY) {
+        SetWindowLongPtrW(list, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(original));
+        SetWindowLongPtrW(list, GWLP_USERDATA, 0);
+    }
+    return CallWindowProcW(original, list, message, wParam, lParam);
 }
-}  // namespace
 
 StepGridWin::~StepGridWin() {
     if (picture_) DeleteObject(picture_);
@@ -80,11 +96,13 @@ bool StepGridWin::Create(HWND parent, int id, int dpi, HBITMAP background) {
                             reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), GetModuleHandleA(nullptr), nullptr);
     if (!list_) return false;
     SendMessageA(list_, LVM_SETEXTENDEDLISTVIEWSTYLE, kListExStyle, kListExStyle);
+    SetWindowLongPtrW(list_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+    listProc_ = reinterpret_cast<WNDPROC>(
+        SetWindowLongPtrW(list_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&StepGridWin::ListProc)));
     if (background) {
         pictureSource_ = background;
         ScalePicture();
         SendMessageA(list_, LVM_SETTEXTBKCOLOR, 0, CLR_NONE);
-        SetWindowSubclass(list_, &ListProc, kSubclassId, reinterpret_cast<DWORD_PTR>(this));
     }
     return true;
 }
@@ -113,6 +131,21 @@ void StepGridWin::ScalePicture() {
     InvalidateRect(list_, nullptr, TRUE);
 }
 
+void StepGridWin::SuspendRedraw() {
+    if (redrawSuspended_) return;
+    redrawSuspended_ = true;
+    SendMessageA(list_, WM_SETREDRAW, FALSE, 0);
+    ::SetTimer(list_, kRedrawTimerId, kRedrawDelayMs, nullptr);
+}
+
+void StepGridWin::ResumeRedraw() {
+    KillTimer(list_, kRedrawTimerId);
+    if (!redrawSuspended_) return;
+    redrawSuspended_ = false;
+    SendMessageA(list_, WM_SETREDRAW, TRUE, 0);
+    InvalidateRect(list_, nullptr, TRUE);
+}
+
 LRESULT StepGridWin::OnCustomDraw(NMLVCUSTOMDRAW& draw) {
     if (draw.nmcd.dwDrawStage == CDDS_PREPAINT) return CDRF_NOTIFYITEMDRAW;
     if (draw.nmcd.dwDrawStage != CDDS_ITEMPREPAINT) return CDRF_DODEFAULT;
@@ -124,9 +157,11 @@ LRESULT StepGridWin::OnCustomDraw(NMLVCUSTOMDRAW& draw) {
     return CDRF_DODEFAULT;
 }
 
-int StepGridWin::RowCount() const { return static_cast<int>(SendMessageA(list_, LVM_GETITEMCOUNT, 0, 0)); }
+// Every row goes through InsertRow, so the marks count the rows.
+int StepGridWin::RowCount() const { return static_cast<int>(marks_.size()); }
 
 void StepGridWin::InsertRow(int row) {
+    SuspendRedraw();
     if (row < 1 || row > RowCount() + 1) RaiseSubscriptOutOfRange();
     LVITEMA item{};
     item.mask = LVIF_TEXT | LVIF_STATE;
@@ -141,6 +176,7 @@ void StepGridWin::InsertRow(int row) {
 }
 
 void StepGridWin::RemoveRow(int row) {
+    SuspendRedraw();
     int index = Index(row);
     SendMessageA(list_, LVM_DELETEITEM, index, 0);
     marks_.erase(marks_.begin() + index);
@@ -148,6 +184,7 @@ void StepGridWin::RemoveRow(int row) {
 }
 
 void StepGridWin::Clear() {
+    SuspendRedraw();
     SendMessageA(list_, LVM_DELETEALLITEMS, 0, 0);
     marks_.clear();
     colours_.clear();
@@ -174,6 +211,7 @@ std::string StepGridWin::Cell(int row, int column) const {
 }
 
 void StepGridWin::SetCell(int row, int column, const std::string& text) {
+    SuspendRedraw();
     int index = Index(row);
     CheckColumn(column);
     LVITEMA item{};
@@ -238,6 +276,7 @@ UINT StepGridWin::ItemState(int row, UINT mask) const {
 }
 
 void StepGridWin::SetItemState(int row, UINT state, UINT mask) {
+    SuspendRedraw();
     LVITEMA item{};
     item.state = state;
     item.stateMask = mask;

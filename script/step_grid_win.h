@@ -21,8 +21,6 @@ public:
     // Creates the list view as a child of `parent`, with the picture
     // `background` tiled behind the rows (the grid takes the bitmap over).
     bool Create(HWND parent, int id, int dpi, HBITMAP background);
-    HBRUSH Picture() const { return picture_; }
-    SIZE PictureSize() const { return pictureSize_; }
     HWND Handle() const { return list_; }
     void Move(const PixelRect& rect);
     void SetFont(HFONT font);
@@ -49,6 +47,11 @@ public:
     double ColumnWidth(int column) const override;
 
 private:
+    static LRESULT CALLBACK ListProc(HWND list, UINT message, WPARAM wParam, LPARAM lParam);
+    // Bulk changes (reading a script of many thousand rows) would otherwise
+    // repaint and rescroll the control once per call.
+    void SuspendRedraw();
+    void ResumeRedraw();
     // The list view's item index of a 1-based row; raises for rows that do not exist.
     int Index(int row) const;
     void CheckColumn(int column) const;
@@ -57,10 +60,12 @@ private:
     void SetItemState(int row, UINT state, UINT mask);
 
     HWND list_ = nullptr;
+    WNDPROC listProc_ = nullptr;
     int dpi_ = 96;
     HBITMAP pictureSource_ = nullptr;
     HBRUSH picture_ = nullptr;
     SIZE pictureSize_{1, 1};
+    bool redrawSuspended_ = false;
     std::vector<std::string> marks_;
     std::vector<std::uint32_t> colours_;
 };
