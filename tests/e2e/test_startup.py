@@ -149,3 +149,16 @@ class SecondInstanceTest(WineTestCase):
         self.assertIsNone(first.poll(), "the first instance keeps running")
         self.assertEqual([main["hwnd"]], [window["hwnd"] for window in self.main_windows()])
         self.close_klickwerk(first, main)
+
+
+class CloseTest(WineTestCase):
+    def test_closing_saves_the_repeat_toggle_as_the_user_left_it(self):
+        folder = self.make_program_folder(settings=SETTLED)
+        process = self.start_klickwerk(folder)
+        main = self.wait_for_main_window()
+
+        self.driver("click", main["target"], "Repeat")
+        self.close_klickwerk(process, main)
+
+        self.assert_no_errors_logged(folder)
+        self.assertEqual("1", dict(read_ini(folder / "Settings.ini"))["GRepeat"])

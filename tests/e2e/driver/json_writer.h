@@ -17,6 +17,8 @@ public:
 
 private:
     void Separate();
+    JsonWriter& Open(char bracket);
+    JsonWriter& Close(char bracket);
     std::string out;
     bool first = true;  // nothing written yet in the current object or array
 };

@@ -41,31 +41,23 @@ void JsonWriter::Separate() {
     first = false;
 }
 
-JsonWriter& JsonWriter::BeginObject() {
+JsonWriter& JsonWriter::Open(char bracket) {
     Separate();
-    out += '{';
+    out += bracket;
     first = true;
     return *this;
 }
 
-JsonWriter& JsonWriter::EndObject() {
-    out += '}';
+JsonWriter& JsonWriter::Close(char bracket) {
+    out += bracket;
     first = false;
     return *this;
 }
 
-JsonWriter& JsonWriter::BeginArray() {
-    Separate();
-    out += '[';
-    first = true;
-    return *this;
-}
-
-JsonWriter& JsonWriter::EndArray() {
-    out += ']';
-    first = false;
-    return *this;
-}
+JsonWriter& JsonWriter::BeginObject() { return Open('{'); }
+JsonWriter& JsonWriter::EndObject() { return Close('}'); }
+JsonWriter& JsonWriter::BeginArray() { return Open('['); }
+JsonWriter& JsonWriter::EndArray() { return Close(']'); }
 
 JsonWriter& JsonWriter::Key(const char* name) {
     Separate();
