@@ -8,6 +8,8 @@ namespace {
 constexpr double kToolbarBand = 740;      // space above the grid frame
 constexpr double kAroundFrame = 800;      // client height the frame leaves
 constexpr double kFrameSideMargin = 60;
+constexpr double kBelowToolbar = 60;
+constexpr double kAboveStatusBar = 60;
 constexpr double kGridInset = 60;         // grid to frame border, left and right
 constexpr double kGridTopInset = 180;     // room for the frame's top line
 constexpr double kGridLeavesInFrame = 300;
@@ -35,12 +37,14 @@ double PixelsToTwips(int pixels, int dpi) {
     return dpi > 0 ? static_cast<double>(pixels) * kTwipsPerInch / dpi : 0;
 }
 
-MainLayout LayoutMainWindow(PixelSize client, int statusBarHeight, int dpi) {
+MainLayout LayoutMainWindow(PixelSize client, int toolbarHeight, int statusBarHeight, int dpi) {
     auto px = [dpi](double twips) { return TwipsToPixels(twips, dpi); };
     MainLayout layout;
-    layout.frame = {px(kFrameSideMargin), px(kToolbarBand),
-                    std::max(0, client.width - px(2 * kFrameSideMargin)),
-                    std::max(0, client.height - px(kAroundFrame) - statusBarHeight)};
+    int top = std::max(px(kToolbarBand), toolbarHeight + px(kBelowToolbar));
+    int height = std::min(client.height - px(kAroundFrame) - statusBarHeight,
+                          client.height - statusBarHeight - px(kAboveStatusBar) - top);
+    layout.frame = {px(kFrameSideMargin), top, std::max(0, client.width - px(2 * kFrameSideMargin)),
+                    std::max(0, height)};
     int buttonHeight = px(kButtonHeight);
     layout.grid = {layout.frame.left + px(kGridInset), layout.frame.top + px(kGridTopInset),
                    std::max(0, layout.frame.width - px(2 * kGridInset)),

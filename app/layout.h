@@ -37,8 +37,9 @@ struct MainLayout {
 };
 
 // The grid frame fills the client area above the status bar, leaving the top
-// band for the toolbar; the buttons sit on one line 60 twips below the grid.
-MainLayout LayoutMainWindow(PixelSize client, int statusBarHeight, int dpi);
+// band for the toolbar (taller when the toolbar needs it); the buttons sit on
+// one line 60 twips below the grid.
+MainLayout LayoutMainWindow(PixelSize client, int toolbarHeight, int statusBarHeight, int dpi);
 
 // The smallest outer size the main window may be given (6870 x 5850 twips).
 PixelSize MinimumWindowSize(int dpi);

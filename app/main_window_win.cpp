@@ -70,7 +70,8 @@ bool MainWindow::Create() {
 }
 
 void MainWindow::CreateChildren() {
-    // The frame first: siblings created later are drawn above it.
+    toolbar_.Create(hwnd_);
+    // The frame before what it holds: siblings created later are drawn above it.
     frame_ = CreateChild(WC_BUTTONA, "", WS_CHILD | WS_VISIBLE | BS_GROUPBOX, kIdFrame);
     HBITMAP background = static_cast<HBITMAP>(LoadImageA(GetModuleHandleA(nullptr),
                                                          MAKEINTRESOURCEA(IDB_GRID_BACKGROUND), IMAGE_BITMAP, 0, 0,
@@ -97,6 +98,7 @@ void MainWindow::ApplyFonts() {
     for (auto& [id, button] : buttons_) SendMessageA(button, WM_SETFONT, reinterpret_cast<WPARAM>(font_), TRUE);
     grid_.SetFont(font_);
     statusBar_.SetFont(font_);
+    toolbar_.OnDpiChanged(dpi_, font_);
     about_.OnDpiChanged(dpi_, font_);
     if (oldFont) DeleteObject(oldFont);
 }
@@ -104,8 +106,9 @@ void MainWindow::ApplyFonts() {
 void MainWindow::Layout() {
     RECT client{};
     GetClientRect(hwnd_, &client);
+    toolbar_.OnParentSize();
     int statusHeight = statusBar_.Resize(client.right, dpi_);
-    MainLayout layout = LayoutMainWindow({client.right, client.bottom}, statusHeight, dpi_);
+    MainLayout layout = LayoutMainWindow({client.right, client.bottom}, toolbar_.Height(), statusHeight, dpi_);
     MoveTo(frame_, layout.frame);
     grid_.Move(layout.grid);
     MoveTo(buttons_[kIdStart], layout.start);
@@ -142,9 +145,12 @@ void MainWindow::Click(Control control) {
 
 LRESULT MainWindow::HandleMessage(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
-        case WM_COMMAND: OnCommand(LOWORD(wParam), HIWORD(wParam)); return 0;
+        case WM_COMMAND: OnCommand(wParam, lParam); return 0;
         case WM_TIMER: OnTimer(wParam); return 0;
         case WM_NOTIFY: return OnNotify(*reinterpret_cast<NMHDR*>(lParam));
+        case WM_PAINT:
+            if (handlers.paint) handlers.paint();
+            break;
         case WM_DRAWITEM: OnDrawItem(*reinterpret_cast<DRAWITEMSTRUCT*>(lParam)); return TRUE;
         case WM_SIZE:
             if (wParam != SIZE_MINIMIZED) Layout();
@@ -162,9 +168,10 @@ LRESULT MainWindow::HandleMessage(HWND hwnd, UINT message, WPARAM wParam, LPARAM
     return DefWindowProcA(hwnd, message, wParam, lParam);
 }
 
-void MainWindow::OnCommand(int id, int code) {
-    const Button* button = ButtonById(id);
-    if (button && code == BN_CLICKED) Click(button->control);
+void MainWindow::OnCommand(WPARAM wParam, LPARAM lParam) {
+    if (toolbar_.OnCommand(wParam, lParam)) return;
+    const Button* button = ButtonById(LOWORD(wParam));
+    if (button && HIWORD(wParam) == BN_CLICKED) Click(button->control);
 }
 
 void MainWindow::OnDrawItem(const DRAWITEMSTRUCT& item) {
@@ -190,6 +197,8 @@ void MainWindow::OnTimer(UINT_PTR id) {
 }
 
 LRESULT MainWindow::OnNotify(NMHDR& header) {
+    LRESULT result = 0;
+    if (toolbar_.OnNotify(&header, result)) return result;
     if (header.hwndFrom == grid_.Handle() && header.code == NM_CUSTOMDRAW)
         return grid_.OnCustomDraw(reinterpret_cast<NMLVCUSTOMDRAW&>(header));
     return 0;
@@ -224,6 +233,7 @@ std::string MainWindow::PanelText(int panel) const { return panels_.at(static_ca
 
 void MainWindow::SetEnabled(Control control, bool enabled) {
     disabled_[control] = !enabled;
+    if (toolbar_.SetEnabled(control, enabled)) return;
     if (HWND window = ControlWindow(control)) EnableWindow(window, enabled);
 }
 

@@ -1,7 +1,7 @@
 #pragma once
-// frmMain: the main window with the grid frame fraMain, the step grid, the
-// play and record buttons, the about box, the hidden receiver IHRec and the
-// status bar SB.
+// frmMain: the main window with the toolbar TB, the grid frame fraMain, the
+// step grid, the play and record buttons, the about box, the hidden
+// receiver IHRec and the status bar SB.
 // It renders what the behaviour says (MainView) and hands the user's
 // commands, its timers' ticks and its close to the handlers the wiring sets.
 #include <array>
@@ -15,6 +15,7 @@
 #include "app/main_view.h"
 #include "app/receiver_window_win.h"
 #include "app/status_bar_win.h"
+#include "app/toolbar_win.h"
 #include "app/window_timers_win.h"
 #include "script/step_grid_win.h"
 
@@ -24,6 +25,8 @@ struct MainWindowHandlers {
     std::function<void(Timer)> timer;
     // The close sequence; false keeps the window open.
     std::function<bool()> close;
+    // Runs every time the window paints itself.
+    std::function<void()> paint;
 };
 
 class MainWindow : public BaseWindow<MainWindow>, public MainView {
@@ -36,6 +39,7 @@ public:
     // Runs a button's command as a click on it does.
     void Click(Control control);
     ReceiverWindow& Receiver() { return receiver_; }
+    ToolbarWin& Toolbar() { return toolbar_; }
 
     MainWindowHandlers handlers;
 
@@ -71,7 +75,7 @@ private:
     void Centre(int width, int height);
     HWND ControlWindow(Control control) const;
 
-    void OnCommand(int id, int code);
+    void OnCommand(WPARAM wParam, LPARAM lParam);
     void OnDrawItem(const DRAWITEMSTRUCT& item);
     void OnTimer(UINT_PTR id);
     LRESULT OnNotify(NMHDR& header);
@@ -81,6 +85,7 @@ private:
 
     StepGridWin& grid_;
     AboutFrameWin& about_;
+    ToolbarWin toolbar_;
     StatusBarWin statusBar_;
     ReceiverWindow receiver_;
     WindowTimers timers_;

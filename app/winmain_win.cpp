@@ -8,6 +8,8 @@
 #include "app/message_boxes_win.h"
 #include "app/startup.h"
 #include "app/startup_services_win.h"
+#include "app/enable_controls.h"
+#include "app/toolbar_commands.h"
 #include "platform/message_pump_win.h"
 #include "platform/platform_win.h"
 #include "playback/main_timers.h"
@@ -54,6 +56,8 @@ struct Program {
         main.handlers.command = [this](Control control) { OnCommand(control); };
         main.handlers.timer = [this](Timer timer) { OnMainTimer(app, timer); };
         main.handlers.close = [this] { return CloseMainWindow(app, services); };
+        main.handlers.paint = [this] { ApplyWindowState(app); };
+        main.Toolbar().onClick = [this](const std::string& key) { ToolbarClick(app, key); };
         about.onLink = [this](AboutLink link) { OpenAboutLink(app, link); };
         about.onHide = [this] { HideAbout(app); };
         app.seams.closeMainWindow = [this] { SendMessageA(main.Handle(), WM_CLOSE, 0, 0); };

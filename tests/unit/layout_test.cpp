@@ -37,7 +37,7 @@ TEST_P(MainLayoutTest, FollowsTheTwipMeasures) {
     auto px = [dpi](double twips) { return TwipsToPixels(twips, dpi); };
     PixelSize client{px(6735), px(6200)};
     int statusBar = px(330);
-    MainLayout layout = LayoutMainWindow(client, statusBar, dpi);
+    MainLayout layout = LayoutMainWindow(client, px(600), statusBar, dpi);
 
     EXPECT_EQ(layout.frame.width, client.width - px(120));
     EXPECT_EQ(layout.frame.height, client.height - px(800) - statusBar);
@@ -69,17 +69,31 @@ TEST_P(MainLayoutTest, ButtonsFitAtTheSmallestWindow) {
     // Sizing borders take at most 8 pixels a side at 96 DPI, scaled with the DPI.
     int border = 8 * dpi / 96;
     PixelSize client{minimum.width - 2 * border, minimum.height - 2 * border - 31 * dpi / 96};
-    MainLayout layout = LayoutMainWindow(client, 22 * dpi / 96, dpi);
+    MainLayout layout = LayoutMainWindow(client, 46 * dpi / 96, 22 * dpi / 96, dpi);
     EXPECT_LE(layout.repeat.Right(), layout.grid.Right());
     EXPECT_GT(layout.grid.height, 3 * layout.start.height) << "room for a few rows";
 }
 
 TEST_P(MainLayoutTest, ATinyWindowGivesEmptyRectsNotNegativeOnes) {
-    MainLayout layout = LayoutMainWindow({4, 4}, 20, GetParam());
+    MainLayout layout = LayoutMainWindow({4, 4}, 30, 20, GetParam());
     EXPECT_EQ(layout.frame.width, 0);
     EXPECT_EQ(layout.frame.height, 0);
     EXPECT_EQ(layout.grid.width, 0);
     EXPECT_EQ(layout.grid.height, 0);
+}
+
+TEST_P(MainLayoutTest, ATallToolbarPushesTheFrameDownWithoutOverlappingTheStatusBar) {
+    int dpi = GetParam();
+    auto px = [dpi](double twips) { return TwipsToPixels(twips, dpi); };
+    PixelSize client{px(6735), px(6200)};
+    int statusBar = px(330);
+    MainLayout usual = LayoutMainWindow(client, px(600), statusBar, dpi);
+    int tallToolbar = px(1200);
+    MainLayout tall = LayoutMainWindow(client, tallToolbar, statusBar, dpi);
+    EXPECT_GE(tall.frame.top, tallToolbar + px(60) - 1);
+    EXPECT_EQ(tall.frame.Bottom(), client.height - statusBar - px(60));
+    EXPECT_EQ(usual.frame.Bottom(), tall.frame.Bottom());
+    EXPECT_EQ(tall.start.top, tall.grid.Bottom() + px(60));
 }
 
 INSTANTIATE_TEST_SUITE_P(Dpi, MainLayoutTest, ::testing::Values(96, 120, 144, 192));
