@@ -20,6 +20,6 @@ int WinInput::GetSystemMetrics(int index) { return ::GetSystemMetrics(index); }
 
 std::int16_t WinInput::GetAsyncKeyState(int virtualKey) { return ::GetAsyncKeyState(virtualKey); }
 
-std::int16_t WinInput::VkKeyScan(char character) { return VkKeyScanA(character); }
+std::int16_t WinInput::VkKeyScan(char character) { return ::VkKeyScanA(character); }
 
 unsigned WinInput::GetDoubleClickTime() { return ::GetDoubleClickTime(); }

@@ -2,5 +2,8 @@
 // <windows.h> as every Windows-side file of the program includes it.
 #include <windows.h>
 
-// winbase.h defines Yield() as an empty macro, which would hide Clock::Yield.
+// Macros of the system headers that share names with the program's seams:
+// Yield() is empty and would hide Clock::Yield; VkKeyScan would become
+// VkKeyScanA and turn InputDevice::VkKeyScan into a call of itself.
 #undef Yield
+#undef VkKeyScan
