@@ -90,8 +90,8 @@ class VirtualDisplay:
             ["Xvfb", f":{number}", "-screen", "0", SCREEN, "-nolisten", "tcp", "-noreset"],
             stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, start_new_session=True)
         socket = Path(f"/tmp/.X11-unix/X{number}")
-        ready = wait_until(lambda: socket.exists() or self.process.poll() is not None, 20, f"Xvfb :{number}")
-        if ready and self.process.poll() is None:
+        wait_until(lambda: socket.exists() or self.process.poll() is not None, 20, f"Xvfb :{number}")
+        if self.process.poll() is None:
             self.name = f":{number}"
             return True
         self.process = None
