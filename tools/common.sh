@@ -8,7 +8,7 @@ KW_PACKAGES=(
   build-essential cmake git python3
   googletest libgtest-dev libgmock-dev libbenchmark-dev
   g++-mingw-w64-x86-64-posix
-  wine64 fonts-wine xvfb xauth xdotool imagemagick
+  wine64 xvfb xauth xdotool imagemagick
   fp-utils libchm-bin
 )
 
