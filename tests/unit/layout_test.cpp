@@ -30,13 +30,17 @@ TEST(TwipsTest, RoundTripsWithinOnePixel) {
     }
 }
 
-class MainLayoutTest : public ::testing::TestWithParam<int> {};
+// A window of the usual size at the DPI of the parameter.
+class MainLayoutTest : public ::testing::TestWithParam<int> {
+protected:
+    int px(double twips) const { return TwipsToPixels(twips, dpi); }
+
+    const int dpi = GetParam();
+    const PixelSize client{px(6735), px(6200)};
+    const int statusBar = px(330);
+};
 
 TEST_P(MainLayoutTest, FollowsTheTwipMeasures) {
-    int dpi = GetParam();
-    auto px = [dpi](double twips) { return TwipsToPixels(twips, dpi); };
-    PixelSize client{px(6735), px(6200)};
-    int statusBar = px(330);
     MainLayout layout = LayoutMainWindow(client, px(600), statusBar, dpi);
 
     EXPECT_EQ(layout.frame.width, client.width - px(120));
@@ -64,18 +68,17 @@ TEST_P(MainLayoutTest, FollowsTheTwipMeasures) {
 }
 
 TEST_P(MainLayoutTest, ButtonsFitAtTheSmallestWindow) {
-    int dpi = GetParam();
     PixelSize minimum = MinimumWindowSize(dpi);
     // Sizing borders take at most 8 pixels a side at 96 DPI, scaled with the DPI.
     int border = 8 * dpi / 96;
-    PixelSize client{minimum.width - 2 * border, minimum.height - 2 * border - 31 * dpi / 96};
-    MainLayout layout = LayoutMainWindow(client, 46 * dpi / 96, 22 * dpi / 96, dpi);
+    PixelSize smallest{minimum.width - 2 * border, minimum.height - 2 * border - 31 * dpi / 96};
+    MainLayout layout = LayoutMainWindow(smallest, 46 * dpi / 96, 22 * dpi / 96, dpi);
     EXPECT_LE(layout.repeat.Right(), layout.grid.Right());
     EXPECT_GT(layout.grid.height, 3 * layout.start.height) << "room for a few rows";
 }
 
 TEST_P(MainLayoutTest, ATinyWindowGivesEmptyRectsNotNegativeOnes) {
-    MainLayout layout = LayoutMainWindow({4, 4}, 30, 20, GetParam());
+    MainLayout layout = LayoutMainWindow({4, 4}, 30, 20, dpi);
     EXPECT_EQ(layout.frame.width, 0);
     EXPECT_EQ(layout.frame.height, 0);
     EXPECT_EQ(layout.grid.width, 0);
@@ -83,10 +86,6 @@ TEST_P(MainLayoutTest, ATinyWindowGivesEmptyRectsNotNegativeOnes) {
 }
 
 TEST_P(MainLayoutTest, ATallToolbarPushesTheFrameDownWithoutOverlappingTheStatusBar) {
-    int dpi = GetParam();
-    auto px = [dpi](double twips) { return TwipsToPixels(twips, dpi); };
-    PixelSize client{px(6735), px(6200)};
-    int statusBar = px(330);
     MainLayout usual = LayoutMainWindow(client, px(600), statusBar, dpi);
     int tallToolbar = px(1200);
     MainLayout tall = LayoutMainWindow(client, tallToolbar, statusBar, dpi);
