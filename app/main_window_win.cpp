@@ -161,7 +161,7 @@ LRESULT MainWindow::HandleMessage(HWND hwnd, UINT message, WPARAM wParam, LPARAM
             if (OnSetCursor()) return TRUE;
             break;
         case WM_CLOSE:
-            if (!handlers.close || handlers.close()) DestroyWindow(hwnd);
+            if (CloseAllowed()) DestroyWindow(hwnd);
             return 0;
         case WM_DESTROY: PostQuitMessage(0); return 0;
     }
@@ -172,6 +172,16 @@ void MainWindow::OnCommand(WPARAM wParam, LPARAM lParam) {
     if (toolbar_.OnCommand(wParam, lParam)) return;
     const Button* button = ButtonById(LOWORD(wParam));
     if (button && HIWORD(wParam) == BN_CLICKED) Click(button->control);
+}
+
+bool MainWindow::CloseAllowed() {
+    if (!handlers.close) return true;
+    try {
+        return handlers.close();
+    } catch (...) {
+        // The script may not be saved: better a window that stays open.
+        return false;
+    }
 }
 
 void MainWindow::OnDrawItem(const DRAWITEMSTRUCT& item) {

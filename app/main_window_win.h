@@ -76,6 +76,7 @@ private:
     HWND ControlWindow(Control control) const;
 
     void OnCommand(WPARAM wParam, LPARAM lParam);
+    bool CloseAllowed();
     void OnDrawItem(const DRAWITEMSTRUCT& item);
     void OnTimer(UINT_PTR id);
     LRESULT OnNotify(NMHDR& header);
