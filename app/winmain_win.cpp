@@ -52,10 +52,17 @@ struct Program {
         }
     }
 
+    // A run in progress when the window closes ends with it.
+    bool Close() {
+        if (!CloseMainWindow(app, services)) return false;
+        app.stopRequested = true;
+        return true;
+    }
+
     void Wire() {
         main.handlers.command = [this](Control control) { OnCommand(control); };
         main.handlers.timer = [this](Timer timer) { OnMainTimer(app, timer); };
-        main.handlers.close = [this] { return CloseMainWindow(app, services); };
+        main.handlers.close = [this] { return Close(); };
         main.handlers.paint = [this] { ApplyWindowState(app); };
         main.Toolbar().onClick = [this](const std::string& key) { ToolbarClick(app, key); };
         about.onLink = [this](AboutLink link) { OpenAboutLink(app, link); };

@@ -27,7 +27,7 @@ void WaitWithoutTimer(double seconds, const bool& stop) {
     DWORD length = static_cast<DWORD>(std::max(0.0, seconds * 1000));
     for (DWORD elapsed = 0; elapsed < length && !stop; elapsed = GetTickCount() - start) {
         MsgWaitForMultipleObjects(0, nullptr, FALSE, length - elapsed, kAllInput);
-        PumpPendingMessages();
+        if (!PumpPendingMessages()) return;
     }
 }
 
@@ -89,7 +89,8 @@ void WinClock::Wait(double seconds, const bool& stop) {
     SetWaitableTimer(timer, &due, 0, nullptr, nullptr, FALSE);
     do {
         waitResult_ = MsgWaitForMultipleObjects(1, &timer, FALSE, INFINITE, kAllInput);
-        PumpPendingMessages();
+        // Once the program is asked to quit there is nothing left to wait for.
+        if (!PumpPendingMessages()) break;
     } while (waitResult_ != WAIT_OBJECT_0 && !stop);
     CloseHandle(timer);
 }
