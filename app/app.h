@@ -75,6 +75,7 @@ struct App {
     SettingValues settings;
     std::int16_t stopKeyCode = 27;
     std::array<std::string, kColumnCount> columnWidths;
+    long columnWidthTotal = 0;  // sum of the widths when NewWidth last ran
 
     bool stopRequested = false;
     std::string pendingPrefix;

@@ -8,6 +8,7 @@
 #include "app/os_name.h"
 #include "app/settings_store.h"
 #include "app/startup.h"
+#include "editing/column_widths.h"
 #include "script/basic_text.h"
 #include "script/runtime_error.h"
 #include "script/script_file.h"
@@ -69,6 +70,7 @@ void Init(App& app, bool skipWorkingCopy, StartupServices& services) {
         GetWinV(app);
         BuildColumns(app);
         app.ui.main.SetSizeTwips(kWindowWidthTwips, StoredHeightTwips(app));
+        NewWidth(app);
         app.ui.main.SetCaption(app.appTitle);
         FillClickActions(app);
         LoadSet(app);

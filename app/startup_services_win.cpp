@@ -8,7 +8,6 @@
 #include "playback/main_timers.h"
 
 namespace {
-constexpr int kColumnResizeIntervalMs = 200;
 // The window classes the main window is made of. Start-up initialises every
 // class only where visual styles are in use; these are needed either way.
 constexpr DWORD kMainWindowClasses = ICC_LISTVIEW_CLASSES | ICC_BAR_CLASSES | ICC_STANDARD_CLASSES;
@@ -30,7 +29,6 @@ void StartupServicesWin::LoadMainWindow() {
     dialogs_.SetOwner(main_.Handle());
     SetKeyboardNavigationWindow(main_.Handle());
     CreateMainTimers(app_);
-    main_.SetTimerInterval(Timer::ColResize, kColumnResizeIntervalMs);
     MainLoad(app_, *this);
 }
 

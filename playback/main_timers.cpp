@@ -2,13 +2,15 @@
 
 #include "app/app.h"
 #include "app/status_line.h"
+#include "editing/column_widths.h"
 #include "playback/hot_keys.h"
 #include "playback/stop_key.h"
 #include "playback/waits.h"
 
-const TimerSetup kMainTimers[6] = {
+const TimerSetup kMainTimers[7] = {
     {Timer::Stop, 20, false},       {Timer::Hotkey, 100, true}, {Timer::ShiftNext, 200, true},
     {Timer::CursorPos, 50, true},   {Timer::Blank, 2000, false}, {Timer::MouseSaver, 100, false},
+    {Timer::ColResize, 200, false},
 };
 
 void CreateMainTimers(App& app) {
@@ -18,14 +20,14 @@ void CreateMainTimers(App& app) {
     }
 }
 
-bool OnMainTimer(App& app, Timer timer) {
+void OnMainTimer(App& app, Timer timer) {
     switch (timer) {
-        case Timer::Stop: OnStopTimer(app); return true;
-        case Timer::Hotkey: OnHotkeyTimer(app); return true;
-        case Timer::ShiftNext: OnShiftNextTimer(app); return true;
-        case Timer::CursorPos: OnCursorTimer(app); return true;
-        case Timer::Blank: OnBlankTimer(app); return true;
-        case Timer::MouseSaver: OnMouseSaverTimer(app); return true;
-        default: return false;
+        case Timer::Stop: OnStopTimer(app); break;
+        case Timer::Hotkey: OnHotkeyTimer(app); break;
+        case Timer::ShiftNext: OnShiftNextTimer(app); break;
+        case Timer::CursorPos: OnCursorTimer(app); break;
+        case Timer::Blank: OnBlankTimer(app); break;
+        case Timer::MouseSaver: OnMouseSaverTimer(app); break;
+        case Timer::ColResize: OnColResizeTimer(app); break;
     }
 }

@@ -11,9 +11,9 @@ struct TimerSetup {
     bool enabledAtCreation;
 };
 
-extern const TimerSetup kMainTimers[6];
+extern const TimerSetup kMainTimers[7];
 
 // Sets every timer of kMainTimers to its interval and state at creation.
 void CreateMainTimers(App& app);
-// Runs the tick handler of `timer`; false for a timer handled elsewhere.
-bool OnMainTimer(App& app, Timer timer);
+// Runs the tick handler of `timer`.
+void OnMainTimer(App& app, Timer timer);

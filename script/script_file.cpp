@@ -167,6 +167,8 @@ bool ReadData(App& app, const std::string& path, bool overwrite) {
         opened = true;
         ReadLines(app.ui.grid, *text, overwrite);
     });
+    // Panel 6 always shows how many steps the grid holds.
+    app.ui.main.SetPanelText(6, std::to_string(app.ui.grid.RowCount()));
     app.ui.main.SetBusyPointer(false);
     return opened;
 }

@@ -115,8 +115,8 @@ void StepGridWin::SetFont(HFONT font) { SendMessageA(list_, WM_SETFONT, reinterp
 
 void StepGridWin::OnDpiChanged(int dpi) {
     for (int column = 0; column < ColumnCount(); ++column) {
-        int width = static_cast<int>(SendMessageA(list_, LVM_GETCOLUMNWIDTH, column, 0));
-        SendMessageA(list_, LVM_SETCOLUMNWIDTH, column, MulDiv(width, dpi, dpi_));
+        givenTwips_[column] = ColumnWidth(column);
+        SendMessageA(list_, LVM_SETCOLUMNWIDTH, column, TwipsToPixels(givenTwips_[column], dpi));
     }
     dpi_ = dpi;
     ScalePicture();
@@ -248,6 +248,7 @@ void StepGridWin::AddColumn(const std::string& header, double widthTwips, bool c
     column.mask = LVCF_TEXT | LVCF_WIDTH | LVCF_FMT;
     column.fmt = centred ? LVCFMT_CENTER : LVCFMT_LEFT;
     column.cx = TwipsToPixels(widthTwips, dpi_);
+    givenTwips_.push_back(widthTwips);
     column.pszText = const_cast<char*>(header.c_str());
     SendMessageA(list_, LVM_INSERTCOLUMNA, ColumnCount(), reinterpret_cast<LPARAM>(&column));
 }
@@ -259,7 +260,9 @@ int StepGridWin::ColumnCount() const {
 
 double StepGridWin::ColumnWidth(int column) const {
     CheckColumn(column);
-    return PixelsToTwips(static_cast<int>(SendMessageA(list_, LVM_GETCOLUMNWIDTH, column, 0)), dpi_);
+    int pixels = static_cast<int>(SendMessageA(list_, LVM_GETCOLUMNWIDTH, column, 0));
+    double given = givenTwips_.at(column);
+    return pixels == TwipsToPixels(given, dpi_) ? given : PixelsToTwips(pixels, dpi_);
 }
 
 int StepGridWin::Index(int row) const {

@@ -68,4 +68,7 @@ private:
     bool redrawSuspended_ = false;
     std::vector<std::string> marks_;
     std::vector<std::uint32_t> colours_;
+    // The widths the columns were given, so that an untouched column reads
+    // back the same twips although the control keeps whole pixels.
+    std::vector<double> givenTwips_;
 };
