@@ -17,7 +17,7 @@ constexpr double kStartHeightTwips = 6610;
 // Control ids start above IDOK and IDCANCEL, which dialog keys send.
 enum ChildId : int {
     kIdFrame = 100, kIdGrid, kIdStart, kIdStop, kIdRecord, kIdRecOptions, kIdRepeat, kIdStatusBar,
-    kIdDropButton, kIdDropStopKeys,
+    kIdDropButton,
 };
 
 constexpr DWORD kPushButton = WS_CHILD | WS_VISIBLE | WS_TABSTOP | BS_PUSHBUTTON;
@@ -46,6 +46,22 @@ const Button* ButtonById(int id) {
 
 void MoveTo(HWND window, const PixelRect& rect) {
     MoveWindow(window, rect.left, rect.top, rect.width, rect.height, TRUE);
+}
+
+// The status-bar panel (1 to 6) under the pointer of the message just
+// taken from the queue; 0 for none.
+int PanelUnderPointer(HWND statusBar) {
+    DWORD position = GetMessagePos();
+    POINT point{static_cast<short>(LOWORD(position)), static_cast<short>(HIWORD(position))};
+    ScreenToClient(statusBar, &point);
+    int count = static_cast<int>(SendMessageA(statusBar, SB_GETPARTS, 0, 0));
+    for (int part = 0; part < count; ++part) {
+        RECT rect{};
+        if (SendMessageA(statusBar, SB_GETRECT, part, reinterpret_cast<LPARAM>(&rect)) && point.x >= rect.left &&
+            point.x < rect.right)
+            return part + 1;
+    }
+    return 0;
 }
 }  // namespace
 
@@ -79,7 +95,7 @@ void MainWindow::CreateChildren() {
     grid_.Create(hwnd_, kIdGrid, dpi_, background);
     for (const Button& button : kButtons) buttons_[button.id] = CreateChild(WC_BUTTONA, button.caption, button.style, button.id);
     dropButton_ = CreateChild(WC_COMBOBOXA, "", WS_CHILD | WS_VSCROLL | CBS_DROPDOWNLIST, kIdDropButton);
-    dropStopKeys_ = CreateChild(WC_COMBOBOXA, "", WS_CHILD | WS_VSCROLL | CBS_DROPDOWNLIST, kIdDropStopKeys);
+    stopKeyFrame_.Create(hwnd_);
     receiver_.Create(hwnd_);
     statusBar_.Create(hwnd_, kIdStatusBar);
     about_.Create(hwnd_);
@@ -93,8 +109,9 @@ HWND MainWindow::CreateChild(const char* className, const char* text, DWORD styl
 void MainWindow::ApplyFonts() {
     HFONT oldFont = font_;
     font_ = CreateMessageFont(dpi_);
-    for (HWND child : {frame_, dropButton_, dropStopKeys_})
+    for (HWND child : {frame_, dropButton_})
         SendMessageA(child, WM_SETFONT, reinterpret_cast<WPARAM>(font_), TRUE);
+    stopKeyFrame_.SetFont(font_);
     for (auto& [id, button] : buttons_) SendMessageA(button, WM_SETFONT, reinterpret_cast<WPARAM>(font_), TRUE);
     grid_.SetFont(font_);
     statusBar_.SetFont(font_);
@@ -110,6 +127,7 @@ void MainWindow::Layout() {
     int statusHeight = statusBar_.Resize(client.right, dpi_);
     MainLayout layout = LayoutMainWindow({client.right, client.bottom}, toolbar_.Height(), statusHeight, dpi_);
     MoveTo(frame_, layout.frame);
+    stopKeyFrame_.Move(layout.frame, dpi_);
     grid_.Move(layout.grid);
     MoveTo(buttons_[kIdStart], layout.start);
     MoveTo(buttons_[kIdStop], layout.stop);
@@ -211,6 +229,9 @@ LRESULT MainWindow::OnNotify(NMHDR& header) {
     if (toolbar_.OnNotify(&header, result)) return result;
     if (header.hwndFrom == grid_.Handle() && header.code == NM_CUSTOMDRAW)
         return grid_.OnCustomDraw(reinterpret_cast<NMLVCUSTOMDRAW&>(header));
+    if (header.hwndFrom == statusBar_.Handle() && header.code == NM_CLICK && handlers.panelClick) {
+        if (int panel = PanelUnderPointer(statusBar_.Handle())) handlers.panelClick(panel);
+    }
     return 0;
 }
 
@@ -275,6 +296,7 @@ void MainWindow::ShowRepeatState(bool on) {
 void MainWindow::SetFrameVisible(Frame frame, bool visible) {
     frameVisible_[frame] = visible;
     if (frame == Frame::About) about_.SetVisible(visible);
+    if (frame == Frame::StopKey) stopKeyFrame_.SetVisible(visible);
     if (frame != Frame::Main) return;
     int show = visible ? SW_SHOW : SW_HIDE;
     ShowWindow(frame_, show);
@@ -284,6 +306,7 @@ void MainWindow::SetFrameVisible(Frame frame, bool visible) {
 
 bool MainWindow::FrameVisible(Frame frame) const {
     if (frame == Frame::About) return about_.Visible();
+    if (frame == Frame::StopKey) return stopKeyFrame_.Visible();
     auto found = frameVisible_.find(frame);
     return found != frameVisible_.end() && found->second;
 }
@@ -335,7 +358,7 @@ void MainWindow::Show() {
 }
 
 void MainWindow::FillDropDown(DropDown list, const std::vector<std::string>& entries, const std::string& shown) {
-    HWND combo = list == DropDown::Button ? dropButton_ : dropStopKeys_;
+    HWND combo = list == DropDown::Button ? dropButton_ : stopKeyFrame_.Combo();
     SendMessageA(combo, CB_RESETCONTENT, 0, 0);
     for (const std::string& entry : entries) SendMessageA(combo, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(entry.c_str()));
     LRESULT index = SendMessageA(combo, CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(shown.c_str()));

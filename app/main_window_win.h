@@ -15,6 +15,7 @@
 #include "app/main_view.h"
 #include "app/receiver_window_win.h"
 #include "app/status_bar_win.h"
+#include "app/stop_key_frame_win.h"
 #include "app/toolbar_win.h"
 #include "app/window_timers_win.h"
 #include "script/step_grid_win.h"
@@ -27,6 +28,8 @@ struct MainWindowHandlers {
     std::function<bool()> close;
     // Runs every time the window paints itself.
     std::function<void()> paint;
+    // A click on a status-bar panel, numbered 1 to 6.
+    std::function<void(int panel)> panelClick;
 };
 
 class MainWindow : public BaseWindow<MainWindow>, public MainView {
@@ -40,6 +43,7 @@ public:
     void Click(Control control);
     ReceiverWindow& Receiver() { return receiver_; }
     ToolbarWin& Toolbar() { return toolbar_; }
+    StopKeyFrameWin& StopKeyFrame() { return stopKeyFrame_; }
 
     MainWindowHandlers handlers;
 
@@ -94,7 +98,7 @@ private:
     std::map<int, HWND> buttons_;  // by control id
     HWND frame_ = nullptr;
     HWND dropButton_ = nullptr;    // cmbDrop
-    HWND dropStopKeys_ = nullptr;  // cmbStopKeys
+    StopKeyFrameWin stopKeyFrame_;  // fraStopKey with cmbStopKeys
     HFONT font_ = nullptr;
     int dpi_ = 96;
 

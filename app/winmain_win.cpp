@@ -16,6 +16,7 @@
 #include "playback/playback_loop.h"
 #include "playback/repeat_toggle.h"
 #include "playback/run_controls.h"
+#include "playback/stop_key.h"
 
 namespace {
 
@@ -52,6 +53,18 @@ struct Program {
         }
     }
 
+    void OnPanelClick(int panel) {
+        constexpr int kStopKeyPanel = 4;
+        if (panel == kStopKeyPanel) OpenStopKeyPanel(app);
+    }
+
+    void WireStopKeyPanel() {
+        StopKeyFrameWin& panel = main.StopKeyFrame();
+        panel.onAccept = [this](const std::string& name) { ChangeStopKey(app, name); };
+        panel.onClose = [this] { CloseStopKeyPanel(app); };
+        panel.onListKey = [this](int key, const std::string& name) { return OnStopKeyListKey(app, key, name); };
+    }
+
     // A run in progress when the window closes ends with it.
     bool Close() {
         if (!CloseMainWindow(app, services)) return false;
@@ -64,6 +77,8 @@ struct Program {
         main.handlers.timer = [this](Timer timer) { OnMainTimer(app, timer); };
         main.handlers.close = [this] { return Close(); };
         main.handlers.paint = [this] { ApplyWindowState(app); };
+        main.handlers.panelClick = [this](int panel) { OnPanelClick(panel); };
+        WireStopKeyPanel();
         main.Toolbar().onClick = [this](const std::string& key) { ToolbarClick(app, key); };
         about.onLink = [this](AboutLink link) { OpenAboutLink(app, link); };
         about.onHide = [this] { HideAbout(app); };
