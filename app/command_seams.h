@@ -12,6 +12,13 @@ struct CommandSeams {
     std::function<void()> showHint;
     // Unloads the main window, which runs its close sequence.
     std::function<void()> closeMainWindow;
+    // The settings panel's commands reached from the status bar:
+    // cmdChangeStopKey, cmdResetStepCounter and cmdChangeSteps.
+    std::function<void()> changeStopKey;
+    std::function<void()> resetStepCounter;
+    std::function<void()> changeSteps;
+    // Centres the visible hint frame fraDYK in the main window again.
+    std::function<void()> centreHint;
 };
 
 inline void RunSeam(const std::function<void()>& seam) {

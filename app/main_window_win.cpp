@@ -79,6 +79,7 @@ bool MainWindow::Create() {
         return false;
     dpi_ = WindowDpi(hwnd_);
     CreateChildren();
+    StackChildren();
     ApplyFonts();
     timers_.Attach(hwnd_);
     SetSizeTwips(kStartWidthTwips, kStartHeightTwips);
@@ -99,6 +100,14 @@ void MainWindow::CreateChildren() {
     receiver_.Create(hwnd_);
     statusBar_.Create(hwnd_, kIdStatusBar);
     about_.Create(hwnd_);
+}
+
+// Every child clips its siblings, so the about box slides over the others
+// and the frame, at the bottom, does not paint over what it holds.
+void MainWindow::StackChildren() {
+    for (HWND child = GetWindow(hwnd_, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
+        SetWindowLongPtrA(child, GWL_STYLE, GetWindowLongPtrA(child, GWL_STYLE) | WS_CLIPSIBLINGS);
+    SetWindowPos(frame_, HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
 }
 
 HWND MainWindow::CreateChild(const char* className, const char* text, DWORD style, int id) {
@@ -170,9 +179,7 @@ LRESULT MainWindow::HandleMessage(HWND hwnd, UINT message, WPARAM wParam, LPARAM
             if (handlers.paint) handlers.paint();
             break;
         case WM_DRAWITEM: OnDrawItem(*reinterpret_cast<DRAWITEMSTRUCT*>(lParam)); return TRUE;
-        case WM_SIZE:
-            if (wParam != SIZE_MINIMIZED) Layout();
-            return 0;
+        case WM_SIZE: OnSize(wParam); return 0;
         case WM_GETMINMAXINFO: OnMinMaxInfo(*reinterpret_cast<MINMAXINFO*>(lParam)); return 0;
         case kWmDpiChanged: OnDpiChanged(HIWORD(wParam), *reinterpret_cast<RECT*>(lParam)); return 0;
         case WM_SETCURSOR:
@@ -184,6 +191,16 @@ LRESULT MainWindow::HandleMessage(HWND hwnd, UINT message, WPARAM wParam, LPARAM
         case WM_DESTROY: PostQuitMessage(0); return 0;
     }
     return DefWindowProcA(hwnd, message, wParam, lParam);
+}
+
+// A minimised window paints nothing, yet its window state must be applied.
+void MainWindow::OnSize(WPARAM kind) {
+    if (kind == SIZE_MINIMIZED) {
+        if (handlers.paint) handlers.paint();
+        return;
+    }
+    Layout();
+    if (handlers.resized) handlers.resized();
 }
 
 void MainWindow::OnCommand(WPARAM wParam, LPARAM lParam) {

@@ -26,8 +26,11 @@ struct MainWindowHandlers {
     std::function<void(Timer)> timer;
     // The close sequence; false keeps the window open.
     std::function<bool()> close;
-    // Runs every time the window paints itself.
+    // Runs every time the window paints itself, and when it is minimised,
+    // which paints nothing.
     std::function<void()> paint;
+    // The contents were laid out for a new size.
+    std::function<void()> resized;
     // A click on a status-bar panel, numbered 1 to 6.
     std::function<void(int panel)> panelClick;
 };
@@ -73,12 +76,14 @@ public:
 
 private:
     void CreateChildren();
+    void StackChildren();
     HWND CreateChild(const char* className, const char* text, DWORD style, int id);
     void ApplyFonts();
     void Layout();
     void Centre(int width, int height);
     HWND ControlWindow(Control control) const;
 
+    void OnSize(WPARAM kind);
     void OnCommand(WPARAM wParam, LPARAM lParam);
     bool CloseAllowed();
     void OnDrawItem(const DRAWITEMSTRUCT& item);

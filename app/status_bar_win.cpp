@@ -3,17 +3,7 @@
 #include <commctrl.h>
 
 #include "app/layout.h"
-
-namespace {
-const char* const kPanelTips[kPanelCount] = {
-    "Information (general, warnings, errors, etc.)",
-    "X-Coordinate",
-    "Y-Coordinate",
-    "Current StopKey.  Click here to change.",
-    "Total clicks counter.  Click here to reset.",
-    "Total number of steps.  Click here to change.",
-};
-}  // namespace
+#include "app/main_window_events.h"
 
 bool StatusBarWin::Create(HWND parent, int id) {
     bar_ = CreateWindowExA(0, STATUSCLASSNAMEA, "", WS_CHILD | WS_VISIBLE | SBARS_SIZEGRIP | SBARS_TOOLTIPS, 0, 0, 0, 0,
@@ -23,7 +13,7 @@ bool StatusBarWin::Create(HWND parent, int id) {
     int edges[kPanelCount] = {100, 200, 300, 400, 500, -1};
     SendMessageA(bar_, SB_SETPARTS, kPanelCount, reinterpret_cast<LPARAM>(edges));
     for (int part = 0; part < kPanelCount; ++part)
-        SendMessageA(bar_, SB_SETTIPTEXTA, part, reinterpret_cast<LPARAM>(kPanelTips[part]));
+        SendMessageA(bar_, SB_SETTIPTEXTA, part, reinterpret_cast<LPARAM>(kStatusPanels[static_cast<std::size_t>(part)].toolTip));
     return true;
 }
 

@@ -3,9 +3,10 @@
 // key, clicks counter, number of steps.
 #include <string>
 
+#include "app/main_window_events.h"
 #include "platform/win32.h"
 
-inline constexpr int kPanelCount = 6;
+inline constexpr int kPanelCount = static_cast<int>(kStatusPanels.size());
 
 class StatusBarWin {
 public:

@@ -4,6 +4,7 @@
 #include "app/about_frame_win.h"
 #include "app/app.h"
 #include "app/file_dialogs_win.h"
+#include "app/main_window_events.h"
 #include "app/main_window_win.h"
 #include "app/message_boxes_win.h"
 #include "app/startup.h"
@@ -53,12 +54,8 @@ struct Program {
         }
     }
 
-    void OnPanelClick(int panel) {
-        constexpr int kStopKeyPanel = 4;
-        if (panel == kStopKeyPanel) OpenStopKeyPanel(app);
-    }
-
     void WireStopKeyPanel() {
+        app.seams.changeStopKey = [this] { OpenStopKeyPanel(app); };
         StopKeyFrameWin& panel = main.StopKeyFrame();
         panel.onAccept = [this](const std::string& name) { ChangeStopKey(app, name); };
         panel.onClose = [this] { CloseStopKeyPanel(app); };
@@ -77,7 +74,8 @@ struct Program {
         main.handlers.timer = [this](Timer timer) { OnMainTimer(app, timer); };
         main.handlers.close = [this] { return Close(); };
         main.handlers.paint = [this] { ApplyWindowState(app); };
-        main.handlers.panelClick = [this](int panel) { OnPanelClick(panel); };
+        main.handlers.resized = [this] { MainWindowResized(app); };
+        main.handlers.panelClick = [this](int panel) { StatusPanelClick(app, panel); };
         WireStopKeyPanel();
         main.Toolbar().onClick = [this](const std::string& key) { ToolbarClick(app, key); };
         about.onLink = [this](AboutLink link) { OpenAboutLink(app, link); };
