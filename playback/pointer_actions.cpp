@@ -15,6 +15,10 @@ namespace {
 // MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE with the upper half set, as sent.
 constexpr std::uint32_t kAbsoluteMove = 0xFFFF8001;
 constexpr double kAbsoluteScale = 65535;
+// The pointer may be reported a pass late on a busy system; only a pointer
+// that stays put pass after pass is stuck, as at the screen's edge when the
+// target lies beyond it.
+constexpr int kStuckPasses = 20;
 
 // mouse_event flags of each click action, in the order of kClickActions
 // ("No Click" ... "Right Up"); double clicks send both halves twice.
@@ -40,10 +44,11 @@ void SScroll(App& app, int x, int y) {
         int tx = scale.ToX(x), ty = scale.ToY(y);
         int ux = CLng(kAbsoluteScale / scale.width), uy = CLng(kAbsoluteScale / scale.height);
         Point previous{-1, -1};
+        int unmoved = 0;
         for (bool last = false; !last;) {
             Point pointer = input.GetCursorPos();
-            // A target off the screen can never be reached: stop at the edge.
-            if (pointer == previous) return;
+            unmoved = pointer == previous ? unmoved + 1 : 0;
+            if (unmoved == kStuckPasses) return;
             previous = pointer;
             int cx = scale.ToX(pointer.x), cy = scale.ToY(pointer.y);
             int dx = tx - cx, dy = ty - cy;

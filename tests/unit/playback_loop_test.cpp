@@ -307,6 +307,20 @@ TEST_F(SmoothMove, YieldsBeforeAndAfterEveryMove) {
     EXPECT_EQ(t.clock.nowMs, 2.0 * Moves().size());
 }
 
+TEST_F(SmoothMove, APointerReportedLateStillGlidesAllTheWay) {
+    // Every fifth move reaches the pointer only after the next reading.
+    int moves = 0;
+    Point before = t.input.cursor;
+    t.input.onEvent = [&](const InputEvent& event) {
+        if (event.kind != InputEvent::Mouse) return;
+        if (++moves % 5 == 0) t.input.cursor = before;
+        before = t.input.cursor;
+    };
+    SScroll(app, 400, 250);
+    EXPECT_EQ(t.input.cursor, (Point{400, 250}));
+    EXPECT_GT(moves, 150);
+}
+
 TEST_F(SmoothMove, ATargetOffTheScreenEndsAtTheEdge) {
     SScroll(app, 5000, 5000);
     EXPECT_EQ(t.input.cursor, (Point{1279, 1023}));
