@@ -189,6 +189,39 @@ class WineOperations:
             return grid if len(grid["rows"]) == count else None
         return wait_until(filled, timeout, f"{count} rows in the grid")
 
+    def toolbar(self, window):
+        """The toolbar's buttons in order: caption ("text"), "enabled", "dropdown",
+        screen "rect"."""
+        return self.driver("toolbar", window["target"])
+
+    def toolbar_enabled(self, window):
+        return {button["text"]: button["enabled"] for button in self.toolbar(window)}
+
+    def click_toolbar(self, window, caption):
+        return self.driver("toolclick", window["target"], caption)
+
+    def panel(self, window, number):
+        """The text of status-bar panel 1 to 6."""
+        return self.driver("status", window["target"])["panels"][number - 1]
+
+    def wait_for_dialog(self, title, timeout=30):
+        """The first visible standard dialog, once it has this title."""
+        def showing():
+            dialog = self.driver("msgbox", allow_missing=True)
+            return dialog if dialog and dialog["title"] == title else None
+        return wait_until(showing, timeout, f"the dialog {title!r}")
+
+    def wait_for_no_dialog(self, timeout=20):
+        wait_until(lambda: self.driver("msgbox", allow_missing=True) is None, timeout, "the dialog to close")
+
+    def enter_file_name(self, dialog_title, name):
+        """Types a name into the file name box of an open or save dialog and
+        confirms it with Return, as the user does."""
+        self.focus(dialog_title)
+        self.xdotool("key", "ctrl+a")
+        self.xdotool("type", "--delay", "20", name)
+        self.xdotool("key", "Return")
+
     # Files and logs -----------------------------------------------------------------
 
     def wait_for_file(self, path, timeout=20):
