@@ -25,3 +25,7 @@ struct GridContents {
 
 bool ReadGrid(HWND listView, GridContents& grid);
 bool ReadStatusPanels(HWND statusBar, std::vector<std::string>& panels);
+// Each panel's tool tip.
+bool ReadStatusTips(HWND statusBar, std::vector<std::string>& tips);
+// The panels' rectangles in screen pixels, where a click on a panel lands.
+bool ReadStatusRects(HWND statusBar, std::vector<RECT>& rects);

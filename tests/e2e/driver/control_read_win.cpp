@@ -98,3 +98,31 @@ bool ReadStatusPanels(HWND statusBar, std::vector<std::string>& panels) {
     }
     return true;
 }
+
+bool ReadStatusRects(HWND statusBar, std::vector<RECT>& rects) {
+    RemoteMemory memory(statusBar);
+    LRESULT count = 0;
+    if (!memory.Ok() || !Send(statusBar, SB_GETPARTS, 0, 0, count)) return false;
+    for (int panel = 0; panel < static_cast<int>(count); ++panel) {
+        RECT rect{};
+        if (!SendOrZero(statusBar, SB_GETRECT, panel, Address(memory, 0)) || !memory.Read(0, &rect, sizeof rect)) {
+            return false;
+        }
+        MapWindowPoints(statusBar, nullptr, reinterpret_cast<POINT*>(&rect), 2);
+        rects.push_back(rect);
+    }
+    return true;
+}
+
+bool ReadStatusTips(HWND statusBar, std::vector<std::string>& tips) {
+    RemoteMemory memory(statusBar);
+    LRESULT count = 0;
+    if (!memory.Ok() || !Send(statusBar, SB_GETPARTS, 0, 0, count)) return false;
+    for (int panel = 0; panel < static_cast<int>(count); ++panel) {
+        const char nothing = '\0';
+        if (!memory.Write(kTextOffset, &nothing, 1)) return false;
+        SendOrZero(statusBar, SB_GETTIPTEXTA, MAKEWPARAM(panel, kTextCapacity), Address(memory, kTextOffset));
+        tips.push_back(memory.ReadText(kTextOffset, kTextCapacity));
+    }
+    return true;
+}

@@ -3,11 +3,21 @@
 //
 //   kwdriver [--wait <ms>] <command> [arguments]
 //     windows [--all]            top-level windows (titled ones unless --all)
+//     processes                  running processes with their command lines and
+//                                start-up window states
 //     window <target>            caption, rectangle, client size and states
 //     controls <target>          child windows with class, text and states
 //     grid <target>              the first list view: headers, widths, cells,
 //                                check marks and selection
-//     status <target>            the status bar's panel texts
+//     status <target>            the status bar's panel texts, tool tips and
+//                                rectangles on the screen
+//     toolbar <target>           the toolbar's buttons: id, caption, states,
+//                                screen rectangle
+//     toolclick <target> <caption>  presses a toolbar button by its caption
+//     resize <target> <w> <h>    gives the window a new outer size (pixels)
+//     syscommand <target> minimize|maximize|restore
+//                                what the caption buttons send
+//     redraw <target>            repaints the window and all its children now
 //     msgbox [--pid <pid>]       the first visible message box or dialog
 //     answer <button> [--pid <pid>]  presses a message-box button by its text
 //     click <target> <button>    presses a push button of a window by its text
@@ -18,6 +28,7 @@
 // 0 on success, 2 when the window or control was not found (retried until the
 // --wait time is over), 1 on a usage error or a failed read.
 #include <windows.h>
+#include <commctrl.h>
 
 #include <cstdio>
 #include <cstdlib>
@@ -27,6 +38,8 @@
 
 #include "control_read.h"
 #include "json_writer.h"
+#include "toolbar_read.h"
+#include "process_info.h"
 #include "window_find.h"
 
 namespace {
@@ -72,6 +85,19 @@ Result ListWindows(const Args& args) {
     return {kOk, json.Text()};
 }
 
+Result ListProcesses() {
+    JsonWriter json;
+    json.BeginArray();
+    for (const ProcessInfo& process : RunningProcesses()) {
+        json.BeginObject().Key("pid").Number(process.processId).Key("exe").String(process.exe);
+        json.Key("commandLine").String(process.commandLine).Key("startupRead").Bool(process.startupRead);
+        json.Key("startupFlags").Number(process.startupFlags).Key("showWindow").Number(process.showWindow);
+        json.EndObject();
+    }
+    json.EndArray();
+    return {kOk, json.Text()};
+}
+
 Result ShowWindowState(HWND window) {
     const WindowInfo info = Describe(window);
     RECT client{};
@@ -87,6 +113,7 @@ Result ShowWindowState(HWND window) {
     json.Key("minimized").Bool(IsIconic(window) != FALSE);
     json.Key("maximized").Bool(IsZoomed(window) != FALSE);
     json.Key("foreground").Bool(GetForegroundWindow() == window);
+    json.Key("topmost").Bool((GetWindowLongA(window, GWL_EXSTYLE) & WS_EX_TOPMOST) != 0);
     json.Key("rect");
     WriteRect(json, info.rect);
     json.Key("client").BeginArray().Number(client.right).Number(client.bottom).EndArray();
@@ -128,12 +155,85 @@ Result ShowStatusPanels(HWND window) {
     HWND statusBar = FindDescendantByClass(window, "msctls_statusbar32");
     if (!statusBar) return Fail(kNotFound, "no status bar in the window");
     std::vector<std::string> panels;
-    if (!ReadStatusPanels(statusBar, panels)) return Fail(kFailed, "could not read the status bar");
+    std::vector<std::string> tips;
+    std::vector<RECT> rects;
+    const bool read = ReadStatusPanels(statusBar, panels) && ReadStatusTips(statusBar, tips) &&
+                      ReadStatusRects(statusBar, rects);
+    if (!read) return Fail(kFailed, "could not read the status bar");
     JsonWriter json;
     json.BeginObject().Key("panels").BeginArray();
     for (const std::string& panel : panels) json.String(panel);
+    json.EndArray().Key("tips").BeginArray();
+    for (const std::string& tip : tips) json.String(tip);
+    json.EndArray().Key("rects").BeginArray();
+    for (const RECT& rect : rects) WriteRect(json, rect);
     json.EndArray().EndObject();
     return {kOk, json.Text()};
+}
+
+Result ShowToolbar(HWND window) {
+    HWND toolbar = FindDescendantByClass(window, TOOLBARCLASSNAMEA);
+    if (!toolbar) return Fail(kNotFound, "no toolbar in the window");
+    std::vector<ToolbarButtonInfo> buttons;
+    if (!ReadToolbar(toolbar, buttons)) return Fail(kFailed, "could not read the toolbar");
+    JsonWriter json;
+    json.BeginArray();
+    for (const ToolbarButtonInfo& button : buttons) {
+        json.BeginObject().Key("id").Number(button.id).Key("text").String(button.text);
+        json.Key("enabled").Bool(button.enabled).Key("pressed").Bool(button.pressed);
+        json.Key("dropdown").Bool(button.dropDown).Key("rect");
+        WriteRect(json, button.rect);
+        json.EndObject();
+    }
+    json.EndArray();
+    return {kOk, json.Text()};
+}
+
+// A toolbar reports a click on a button to its parent as WM_COMMAND with the
+// button's id and the toolbar's handle.
+Result ClickToolbarButton(HWND window, const Args& args) {
+    if (args.size() < 3) return Fail(kFailed, "toolclick needs a window and a button caption");
+    HWND toolbar = FindDescendantByClass(window, TOOLBARCLASSNAMEA);
+    std::vector<ToolbarButtonInfo> buttons;
+    if (!toolbar || !ReadToolbar(toolbar, buttons)) return Fail(kNotFound, "no readable toolbar in the window");
+    for (const ToolbarButtonInfo& button : buttons) {
+        if (WithoutMnemonics(button.text) != args[2]) continue;
+        PostMessageA(GetParent(toolbar), WM_COMMAND, MAKEWPARAM(button.id, BN_CLICKED),
+                     reinterpret_cast<LPARAM>(toolbar));
+        JsonWriter json;
+        json.BeginObject().Key("pressed").String(button.text).Key("enabled").Bool(button.enabled).EndObject();
+        return {kOk, json.Text()};
+    }
+    return Fail(kNotFound, "no toolbar button " + args[2]);
+}
+
+Result Resize(HWND window, const Args& args) {
+    if (args.size() < 4) return Fail(kFailed, "resize needs a window, a width and a height");
+    const int width = atoi(args[2].c_str());
+    const int height = atoi(args[3].c_str());
+    SetWindowPos(window, nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    return ShowWindowState(window);
+}
+
+Result PostSysCommand(HWND window, const Args& args) {
+    static const struct {
+        const char* name;
+        WPARAM command;
+    } kCommands[] = {{"minimize", SC_MINIMIZE}, {"maximize", SC_MAXIMIZE}, {"restore", SC_RESTORE}};
+    for (const auto& entry : kCommands) {
+        if (args.size() < 3 || args[2] != entry.name) continue;
+        PostMessageA(window, WM_SYSCOMMAND, entry.command, 0);
+        JsonWriter json;
+        json.BeginObject().Key("posted").String(entry.name).EndObject();
+        return {kOk, json.Text()};
+    }
+    return Fail(kFailed, "syscommand needs minimize, maximize or restore");
+}
+
+Result Redraw(HWND window) {
+    const UINT everything = RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN | RDW_UPDATENOW;
+    if (!RedrawWindow(window, nullptr, nullptr, everything)) return Fail(kFailed, "RedrawWindow failed");
+    return ShowWindowState(window);
 }
 
 // The message text of a message box is the static control 0xFFFF; other
@@ -236,15 +336,22 @@ Result RunOnWindow(const Args& args) {
     if (command == "grid") return ShowGrid(window);
     if (command == "status") return ShowStatusPanels(window);
     if (command == "click") return ClickButton(window, args);
+    if (command == "toolbar") return ShowToolbar(window);
+    if (command == "toolclick") return ClickToolbarButton(window, args);
+    if (command == "resize") return Resize(window, args);
+    if (command == "syscommand") return PostSysCommand(window, args);
+    if (command == "redraw") return Redraw(window);
     return PostClose(window);
 }
 
 Result Run(const Args& args) {
     const std::string& command = args[0];
     if (command == "windows") return ListWindows(args);
+    if (command == "processes") return ListProcesses();
     if (command == "msgbox") return ShowMessageBox(args);
     if (command == "answer") return AnswerMessageBox(args);
-    for (const char* name : {"window", "controls", "grid", "status", "click", "close"}) {
+    for (const char* name : {"window", "controls", "grid", "status", "click", "close", "toolbar", "toolclick", "resize",
+                             "syscommand", "redraw"}) {
         if (command == name) return RunOnWindow(args);
     }
     return Fail(kFailed, "unknown command " + command);
@@ -260,7 +367,8 @@ int main(int argc, char** argv) {
         args.erase(args.begin(), args.begin() + 2);
     }
     if (args.empty()) {
-        fprintf(stderr, "usage: kwdriver [--wait ms] windows|window|controls|grid|status|msgbox|answer|click|close ...\n");
+        fprintf(stderr, "usage: kwdriver [--wait ms] windows|processes|window|controls|grid|status|toolbar|msgbox|"
+                        "answer|click|toolclick|resize|syscommand|redraw|close ...\n");
         return kFailed;
     }
     const DWORD start = GetTickCount();
