@@ -29,3 +29,6 @@ bool ReadStatusPanels(HWND statusBar, std::vector<std::string>& panels);
 bool ReadStatusTips(HWND statusBar, std::vector<std::string>& tips);
 // The panels' rectangles in screen pixels, where a click on a panel lands.
 bool ReadStatusRects(HWND statusBar, std::vector<RECT>& rects);
+// Selects exactly the given rows (0-based) of a list view, as clicks with
+// Ctrl held would.
+bool SelectGridRows(HWND listView, const std::vector<int>& rows);

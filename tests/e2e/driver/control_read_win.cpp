@@ -114,6 +114,23 @@ bool ReadStatusRects(HWND statusBar, std::vector<RECT>& rects) {
     return true;
 }
 
+bool SelectGridRows(HWND listView, const std::vector<int>& rows) {
+    RemoteMemory memory(listView);
+    if (!memory.Ok()) return false;
+    LVITEMA change{};
+    change.stateMask = LVIS_SELECTED;
+    // Item -1 changes every row: clear them all, then select the chosen ones.
+    if (!memory.Write(0, &change, sizeof change) || !SendOrZero(listView, LVM_SETITEMSTATE, -1, Address(memory, 0))) {
+        return false;
+    }
+    change.state = LVIS_SELECTED;
+    if (!memory.Write(0, &change, sizeof change)) return false;
+    for (int row : rows) {
+        if (!SendOrZero(listView, LVM_SETITEMSTATE, row, Address(memory, 0))) return false;
+    }
+    return true;
+}
+
 bool ReadStatusTips(HWND statusBar, std::vector<std::string>& tips) {
     RemoteMemory memory(statusBar);
     LRESULT count = 0;

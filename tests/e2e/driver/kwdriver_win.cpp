@@ -22,6 +22,10 @@
 //     answer <button> [--pid <pid>]  presses a message-box button by its text
 //     click <target> <button>    presses a push button of a window by its text
 //     close <target>             posts WM_CLOSE
+//     foreground <target>        makes the window the foreground window
+//     select <target> [row ...]  selects exactly these grid rows (1-based)
+//     presskey <target> <vk> <button>  holds the virtual key down until the
+//                                push button is enabled; prints the time
 //
 // A target is an exact window title, "pid=<Windows process id>" or
 // "hwnd=<decimal handle>" (as "windows" prints it). Exit code
@@ -39,6 +43,7 @@
 #include "control_read.h"
 #include "json_writer.h"
 #include "toolbar_read.h"
+#include "key_press.h"
 #include "process_info.h"
 #include "window_find.h"
 
@@ -326,6 +331,36 @@ Result PostClose(HWND window) {
     return {kOk, json.Text()};
 }
 
+Result BringToFront(HWND window) {
+    JsonWriter json;
+    json.BeginObject().Key("foreground").Bool(SetForegroundWindow(window) != FALSE).EndObject();
+    return {kOk, json.Text()};
+}
+
+Result SelectRows(HWND window, const Args& args) {
+    HWND listView = FindDescendantByClass(window, "SysListView32");
+    if (!listView) return Fail(kNotFound, "no list view in the window");
+    std::vector<int> rows;
+    for (size_t i = 2; i < args.size(); ++i) rows.push_back(atoi(args[i].c_str()) - 1);
+    if (!SelectGridRows(listView, rows)) return Fail(kFailed, "could not select the rows");
+    return ShowGrid(window);
+}
+
+// The key must find the button disabled (a run in progress) and end with it
+// enabled again: the time between is how long the program took to stop.
+Result PressKeyUntilEnabled(HWND window, const Args& args) {
+    if (args.size() < 4) return Fail(kFailed, "presskey needs a window, a virtual key and a button text");
+    HWND button = FindDescendantByText(window, args[3], "Button");
+    if (!button) return Fail(kNotFound, "no button " + args[3]);
+    if (IsWindowEnabled(button)) return Fail(kFailed, "the button " + args[3] + " is enabled already");
+    const BYTE key = static_cast<BYTE>(strtoul(args[2].c_str(), nullptr, 10));
+    const KeyReaction reaction = PressKeyUntil(key, [button] { return IsWindowEnabled(button) != FALSE; }, 10000);
+    if (!reaction.seen) return Fail(kFailed, "the button " + args[3] + " stayed disabled");
+    char milliseconds[32];
+    snprintf(milliseconds, sizeof milliseconds, "%.2f", reaction.milliseconds);
+    return {kOk, std::string("{\"ms\": ") + milliseconds + "}"};
+}
+
 Result RunOnWindow(const Args& args) {
     if (args.size() < 2) return Fail(kFailed, args[0] + " needs a window title");
     HWND window = FindTopLevel(args[1]);
@@ -336,6 +371,9 @@ Result RunOnWindow(const Args& args) {
     if (command == "grid") return ShowGrid(window);
     if (command == "status") return ShowStatusPanels(window);
     if (command == "click") return ClickButton(window, args);
+    if (command == "foreground") return BringToFront(window);
+    if (command == "select") return SelectRows(window, args);
+    if (command == "presskey") return PressKeyUntilEnabled(window, args);
     if (command == "toolbar") return ShowToolbar(window);
     if (command == "toolclick") return ClickToolbarButton(window, args);
     if (command == "resize") return Resize(window, args);
@@ -350,8 +388,8 @@ Result Run(const Args& args) {
     if (command == "processes") return ListProcesses();
     if (command == "msgbox") return ShowMessageBox(args);
     if (command == "answer") return AnswerMessageBox(args);
-    for (const char* name : {"window", "controls", "grid", "status", "click", "close", "toolbar", "toolclick", "resize",
-                             "syscommand", "redraw"}) {
+    for (const char* name : {"window", "controls", "grid", "status", "click", "close", "foreground", "select",
+                             "presskey", "toolbar", "toolclick", "resize", "syscommand", "redraw"}) {
         if (command == name) return RunOnWindow(args);
     }
     return Fail(kFailed, "unknown command " + command);
@@ -368,7 +406,7 @@ int main(int argc, char** argv) {
     }
     if (args.empty()) {
         fprintf(stderr, "usage: kwdriver [--wait ms] windows|processes|window|controls|grid|status|toolbar|msgbox|"
-                        "answer|click|toolclick|resize|syscommand|redraw|close ...\n");
+                        "answer|click|toolclick|resize|syscommand|redraw|close|foreground|select|presskey ...\n");
         return kFailed;
     }
     const DWORD start = GetTickCount();
