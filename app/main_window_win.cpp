@@ -200,6 +200,9 @@ void MainWindow::OnSize(WPARAM kind) {
         return;
     }
     Layout();
+    // The frame draws only its border and the status bar moves: everything is
+    // painted anew so no old border or blank bar stays behind.
+    RedrawWindow(hwnd_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
     if (handlers.resized) handlers.resized();
 }
 
