@@ -289,6 +289,19 @@ class WineOperations:
                        stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         return path
 
+    def settled_screenshot(self, name, timeout=10):
+        """A screenshot once the screen has stopped changing, so that no window
+        is caught half-painted."""
+        frames = []
+
+        def unchanged():
+            frames.append(subprocess.run(["import", "-display", self.session.display.name, "-window", "root", "rgb:-"],
+                                         env=self.session.env, capture_output=True, check=True,
+                                         timeout=60 * TIMEOUT_SCALE).stdout)
+            return len(frames) > 1 and frames[-1] == frames.pop(0)
+        wait_until(unchanged, timeout, "the screen to stop changing")
+        return self.screenshot(name)
+
 
 def install_program(folder):
     """Copies Klickwerk.exe and whichever companion files exist into folder."""

@@ -5,7 +5,8 @@
 //     windows [--all]            top-level windows (titled ones unless --all)
 //     processes                  running processes with their command lines and
 //                                start-up window states
-//     window <target>            caption, rectangle, client size and states
+//     window <target>            caption, rectangle, client size and screen
+//                                origin, states
 //     controls <target>          child windows with class, text and states
 //     grid <target>              the first list view: headers, widths, cells,
 //                                check marks and selection
@@ -122,6 +123,9 @@ Result ShowWindowState(HWND window) {
     json.Key("rect");
     WriteRect(json, info.rect);
     json.Key("client").BeginArray().Number(client.right).Number(client.bottom).EndArray();
+    POINT origin{};
+    ClientToScreen(window, &origin);
+    json.Key("clientOrigin").BeginArray().Number(origin.x).Number(origin.y).EndArray();
     json.EndObject();
     return {kOk, json.Text()};
 }
