@@ -24,7 +24,7 @@ constexpr double kMinimumHeight = 5850;
 // Panels 2 to 6: pointer X, pointer Y, stop key, clicks counter, steps. Each
 // fits its longest text ("-1280", "ESCAPE", six digits), leaving panel 1
 // room for the countdown "Remaining until next step: 00:00:00".
-constexpr std::array<double, 5> kFixedPanelWidths = {550, 550, 800, 700, 900};
+constexpr std::array<double, 5> kFixedPanelWidths = {550, 550, 900, 700, 900};
 
 PixelRect RightOf(const PixelRect& neighbour, int gap, int width) {
     return {neighbour.Right() + gap, neighbour.top, width, neighbour.height};
