@@ -35,3 +35,4 @@ target_link_options(Klickwerk PRIVATE ${KW_STATIC_RUNTIME})
 # test driver that reads the program's controls from outside.
 include(${CMAKE_SOURCE_DIR}/tests/e2e/fixtures.cmake OPTIONAL)
 include(${CMAKE_SOURCE_DIR}/cmake/help.cmake)
+include(${CMAKE_SOURCE_DIR}/cmake/package.cmake)
