@@ -142,6 +142,12 @@ class PlaybackTestCase(WineTestCase):
     def wait_for_idle(self, timeout=20):
         wait_until(lambda: not self.running(), timeout, "the run to end")
 
+    def move_pointer(self, x, y):
+        """Moves the X pointer and waits until it is there ("mousemove --sync"
+        waits for a motion that never comes when it is there already)."""
+        self.xdotool("mousemove", str(x), str(y))
+        wait_until(lambda: self.xdotool("getmouselocation").startswith(f"x:{x} y:{y} "), 20, f"the pointer at {x},{y}")
+
     def hold_key(self, key, until, what, timeout=20):
         """Holds an X key down until `until()` is true: a polled stop or hot
         key is seen however long the program takes to look."""
