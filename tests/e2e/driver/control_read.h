@@ -1,6 +1,6 @@
 #pragma once
 // Reading common controls of another process: a report-style list view with
-// its header, and a status bar's panels.
+// its header, a status bar's panels and a toolbar's buttons.
 #include <windows.h>
 
 #include <string>
@@ -32,3 +32,14 @@ bool ReadStatusRects(HWND statusBar, std::vector<RECT>& rects);
 // Selects exactly the given rows (0-based) of a list view, as clicks with
 // Ctrl held would.
 bool SelectGridRows(HWND listView, const std::vector<int>& rows);
+
+struct ToolbarButtonInfo {
+    int id = 0;
+    std::string text;
+    bool enabled = false;
+    bool pressed = false;
+    bool dropDown = false;
+    RECT rect{};  // screen pixels
+};
+
+bool ReadToolbar(HWND toolbar, std::vector<ToolbarButtonInfo>& buttons);

@@ -72,6 +72,44 @@ GridRow ReadRow(HWND listView, RemoteMemory& memory, int item, size_t columnCoun
     return row;
 }
 
+// Runs `read(memory, panel)` for each panel of the status bar, with one block
+// of memory in its process; false as soon as one read fails.
+template <class Read>
+bool ForEachPanel(HWND statusBar, Read read) {
+    RemoteMemory memory(statusBar);
+    LRESULT count = 0;
+    if (!memory.Ok() || !Send(statusBar, SB_GETPARTS, 0, 0, count)) return false;
+    for (int panel = 0; panel < static_cast<int>(count); ++panel) {
+        if (!read(memory, panel)) return false;
+    }
+    return true;
+}
+
+bool ReadToolbarButton(HWND toolbar, RemoteMemory& memory, int index, ToolbarButtonInfo& info) {
+    LRESULT ok = 0;
+    TBBUTTON button{};
+    if (!Send(toolbar, TB_GETBUTTON, index, Address(memory, 0), ok) || !ok ||
+        !memory.Read(0, &button, sizeof button)) {
+        return false;
+    }
+    info.id = button.idCommand;
+    info.enabled = (button.fsState & TBSTATE_ENABLED) != 0;
+    info.pressed = (button.fsState & TBSTATE_PRESSED) != 0;
+    info.dropDown = (button.fsStyle & BTNS_DROPDOWN) != 0;
+    LRESULT length = 0;
+    if (!Send(toolbar, TB_GETBUTTONTEXTA, button.idCommand, Address(memory, kTextOffset), length) || length < 0 ||
+        length >= kTextCapacity) {
+        return false;
+    }
+    info.text = memory.ReadText(kTextOffset, static_cast<SIZE_T>(length));
+    if (!Send(toolbar, TB_GETRECT, button.idCommand, Address(memory, 0), ok) || !ok ||
+        !memory.Read(0, &info.rect, sizeof info.rect)) {
+        return false;
+    }
+    MapWindowPoints(toolbar, nullptr, reinterpret_cast<POINT*>(&info.rect), 2);
+    return true;
+}
+
 }  // namespace
 
 bool ReadGrid(HWND listView, GridContents& grid) {
@@ -87,31 +125,25 @@ bool ReadGrid(HWND listView, GridContents& grid) {
 }
 
 bool ReadStatusPanels(HWND statusBar, std::vector<std::string>& panels) {
-    RemoteMemory memory(statusBar);
-    LRESULT count = 0;
-    if (!memory.Ok() || !Send(statusBar, SB_GETPARTS, 0, 0, count)) return false;
-    for (int panel = 0; panel < static_cast<int>(count); ++panel) {
+    return ForEachPanel(statusBar, [&](RemoteMemory& memory, int panel) {
         const LRESULT length = LOWORD(SendOrZero(statusBar, SB_GETTEXTLENGTHA, panel, 0));
         if (length >= kTextCapacity) return false;
         SendOrZero(statusBar, SB_GETTEXTA, panel, Address(memory, kTextOffset));
         panels.push_back(memory.ReadText(kTextOffset, static_cast<SIZE_T>(length)));
-    }
-    return true;
+        return true;
+    });
 }
 
 bool ReadStatusRects(HWND statusBar, std::vector<RECT>& rects) {
-    RemoteMemory memory(statusBar);
-    LRESULT count = 0;
-    if (!memory.Ok() || !Send(statusBar, SB_GETPARTS, 0, 0, count)) return false;
-    for (int panel = 0; panel < static_cast<int>(count); ++panel) {
+    return ForEachPanel(statusBar, [&](RemoteMemory& memory, int panel) {
         RECT rect{};
         if (!SendOrZero(statusBar, SB_GETRECT, panel, Address(memory, 0)) || !memory.Read(0, &rect, sizeof rect)) {
             return false;
         }
         MapWindowPoints(statusBar, nullptr, reinterpret_cast<POINT*>(&rect), 2);
         rects.push_back(rect);
-    }
-    return true;
+        return true;
+    });
 }
 
 bool SelectGridRows(HWND listView, const std::vector<int>& rows) {
@@ -132,14 +164,23 @@ bool SelectGridRows(HWND listView, const std::vector<int>& rows) {
 }
 
 bool ReadStatusTips(HWND statusBar, std::vector<std::string>& tips) {
-    RemoteMemory memory(statusBar);
-    LRESULT count = 0;
-    if (!memory.Ok() || !Send(statusBar, SB_GETPARTS, 0, 0, count)) return false;
-    for (int panel = 0; panel < static_cast<int>(count); ++panel) {
+    return ForEachPanel(statusBar, [&](RemoteMemory& memory, int panel) {
         const char nothing = '\0';
         if (!memory.Write(kTextOffset, &nothing, 1)) return false;
         SendOrZero(statusBar, SB_GETTIPTEXTA, MAKEWPARAM(panel, kTextCapacity), Address(memory, kTextOffset));
         tips.push_back(memory.ReadText(kTextOffset, kTextCapacity));
+        return true;
+    });
+}
+
+bool ReadToolbar(HWND toolbar, std::vector<ToolbarButtonInfo>& buttons) {
+    RemoteMemory memory(toolbar);
+    LRESULT count = 0;
+    if (!memory.Ok() || !Send(toolbar, TB_BUTTONCOUNT, 0, 0, count)) return false;
+    for (int index = 0; index < static_cast<int>(count); ++index) {
+        ToolbarButtonInfo info;
+        if (!ReadToolbarButton(toolbar, memory, index, info)) return false;
+        buttons.push_back(info);
     }
     return true;
 }

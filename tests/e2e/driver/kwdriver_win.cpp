@@ -43,7 +43,6 @@
 
 #include "control_read.h"
 #include "json_writer.h"
-#include "toolbar_read.h"
 #include "key_press.h"
 #include "process_info.h"
 #include "window_find.h"
