@@ -6,7 +6,7 @@ import re
 import time
 from pathlib import Path
 
-from harness import WineTestCase, read_ini, win_path
+from harness import WineTestCase, file_bytes, read_ini, win_path
 from test_startup import SETTLED, script_bytes
 from wine_session import POLL_SECONDS, wait_until
 
@@ -73,6 +73,14 @@ class ProbeEvents:
         """The characters the probe received, as a string."""
         return "".join(chr(code) for _, code in self.events({"char"}))
 
+    def tail(self, size=512):
+        """The log's last bytes as text: logs of long texts are big."""
+        if not self.log.exists():
+            return ""
+        with open(self.log, "rb") as log:
+            log.seek(max(0, log.seek(0, 2) - size))
+            return log.read().decode(errors="replace")
+
     def clicks(self):
         """Button events without the moves."""
         return [event for event in self.events() if event[0] not in ("down", "up", "char", "move")]
@@ -87,7 +95,7 @@ class PlaybackTestCase(WineTestCase):
         the main window once the grid holds every step."""
         data = script_bytes(script_lines(steps))
         files = {"Data.dat": data} if working_copy else {f"Scripts/{SCRIPT_NAME}": data}
-        self.folder = self.make_program_folder(settings=settings(**setting_changes), files=files)
+        self.folder = self.make_program_folder(f"program-{len(self.started)}", settings(**setting_changes), files)
         arguments = [] if working_copy else [win_path(self.folder / "Scripts" / SCRIPT_NAME), *switches]
         self.klickwerk = self.start_klickwerk(self.folder, *arguments)
         self.main = self.wait_for_main_window()
@@ -165,9 +173,15 @@ class PlaybackTestCase(WineTestCase):
             self.assertTrue(condition(), what)
             time.sleep(POLL_SECONDS)
 
+    def end_klickwerk(self):
+        """Ends the program at once, as a crash would: for tests that start it
+        again in a fresh folder."""
+        self.klickwerk.kill()
+        self.klickwerk.wait()
+        wait_until(lambda: not self.main_windows(), 20, "the main window gone")
+
     def setting(self, key):
         return dict(read_ini(self.folder / "Settings.ini"))[key]
 
     def error_log(self):
-        log = self.folder / "Error.log"
-        return log.read_text(encoding="latin-1") if log.exists() else ""
+        return file_bytes(self.folder / "Error.log").decode("latin-1")
