@@ -28,7 +28,7 @@ target_compile_definitions(Klickwerk PRIVATE WINVER=0x0601 _WIN32_WINNT=0x0601 _
   NOMINMAX WIN32_LEAN_AND_MEAN)
 target_compile_options(Klickwerk PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-Wall -Wextra -Wno-missing-field-initializers>)
 target_link_libraries(Klickwerk PRIVATE klickwerk_core
-  comctl32 comdlg32 shell32 advapi32 uxtheme wininet gdi32 user32 kernel32)
+  comctl32 comdlg32 shell32 advapi32 uxtheme wininet winmm gdi32 user32 kernel32)
 target_link_options(Klickwerk PRIVATE ${KW_STATIC_RUNTIME})
 
 # End-to-end fixtures: the probe that logs the input it receives, and the

@@ -28,4 +28,8 @@ public:
     virtual void Yield() = 0;
     // Blocks without running messages.
     virtual void Sleep(std::uint32_t milliseconds) = 0;
+    // Asks the system for its finest timer resolution until EndFineTiming, so
+    // that short waits end on time; a run holds it from start to end.
+    virtual void BeginFineTiming() {}
+    virtual void EndFineTiming() {}
 };

@@ -84,6 +84,8 @@ public:
     void Wait(double seconds, const bool& stop) override;
     void Yield() override;
     void Sleep(std::uint32_t milliseconds) override;
+    void BeginFineTiming() override;
+    void EndFineTiming() override;
 
 private:
     // The last answer of MsgWaitForMultipleObjects: 0 once the timer fired.

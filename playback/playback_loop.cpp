@@ -155,10 +155,12 @@ bool BeginRun(App& app) {
         app.guardY = 0;
     }
     DeselectAllRows(app);
+    app.os.clock.BeginFineTiming();
     return true;
 }
 
 void EndRun(App& app) {
+    app.os.clock.EndFineTiming();
     if (!app.stopRequested) StopButton(app);
     if (app.settings.startMin == 1) app.ui.main.SetState(WindowState::Normal);
     if (app.autoStarted) {

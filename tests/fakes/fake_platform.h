@@ -83,6 +83,8 @@ public:
     void Wait(double seconds, const bool& stop) override;
     void Yield() override;
     void Sleep(std::uint32_t milliseconds) override { Advance(milliseconds); }
+    void BeginFineTiming() override { ++fineTiming; }
+    void EndFineTiming() override { --fineTiming; }
     void Advance(double milliseconds);
 
     double nowMs = 0;
@@ -91,6 +93,7 @@ public:
     Date today{2026, 11, 21};
     int waits = 0;
     std::vector<double> waitedSeconds;
+    int fineTiming = 0;  // BeginFineTiming calls not yet ended
 
 private:
     void RunTimersUntil(double endMs, const bool* stop);

@@ -27,7 +27,7 @@ protected:
             if (!t.main.IsEnabled(control)) return false;
         }
         return !t.main.TimerEnabled(Timer::Stop) && t.main.TimerEnabled(Timer::ShiftNext) &&
-               !t.main.TimerEnabled(Timer::MouseSaver);
+               !t.main.TimerEnabled(Timer::MouseSaver) && t.clock.fineTiming == 0;
     }
 };
 
@@ -98,6 +98,7 @@ TEST_F(Playback, LocksTheWindowWhileRunningAndUnlocksItAfterwards) {
         EXPECT_TRUE(t.main.TimerEnabled(Timer::MouseSaver));
         EXPECT_EQ(t.main.state, WindowState::Minimised);
         EXPECT_FALSE(t.grid.rows[0].selected);
+        EXPECT_EQ(t.clock.fineTiming, 1);
     });
     StartButton(app);
     EXPECT_TRUE(checkedMidRun);
