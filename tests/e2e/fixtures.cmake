@@ -27,3 +27,13 @@ if(KW_PYTHON3)
     set_tests_properties(e2e.${test_name} PROPERTIES RUN_SERIAL TRUE TIMEOUT 600)
   endforeach()
 endif()
+
+# Benchmark of the responsive wait, built on the program's own clock.
+add_executable(wait_bench ${CMAKE_CURRENT_LIST_DIR}/bench/wait_bench_win.cpp
+  ${CMAKE_SOURCE_DIR}/platform/clock_win.cpp ${CMAKE_SOURCE_DIR}/platform/message_pump_win.cpp
+  ${CMAKE_SOURCE_DIR}/platform/os_info_win.cpp)
+target_compile_definitions(wait_bench PRIVATE WINVER=0x0601 _WIN32_WINNT=0x0601 NOMINMAX WIN32_LEAN_AND_MEAN)
+target_compile_options(wait_bench PRIVATE -Wall -Wextra)
+target_link_libraries(wait_bench PRIVATE klickwerk_core comctl32 shlwapi uxtheme winmm)
+target_link_options(wait_bench PRIVATE ${KW_STATIC_RUNTIME})
+set_target_properties(wait_bench PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
