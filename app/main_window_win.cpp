@@ -276,7 +276,11 @@ bool MainWindow::OnSetCursor() {
 }
 
 void MainWindow::SetPanelText(int panel, const std::string& text) {
-    panels_.at(static_cast<std::size_t>(panel)) = text;
+    std::string& shown = panels_.at(static_cast<std::size_t>(panel));
+    // The pointer display rewrites its panels 20 times a second; an
+    // unchanged text needs no repaint.
+    if (shown == text) return;
+    shown = text;
     statusBar_.SetText(panel, text);
 }
 
