@@ -134,7 +134,7 @@ class WineOperations:
         if code == 2 and allow_missing:
             return None
         if code != 0:
-            raise AssertionError(f"kwdriver {' '.join(args)} failed ({code}): {reason}")
+            raise AssertionError(f"kwdriver {' '.join(args)} failed ({code}): {reason} / out: {answer!r}")
         return json.loads(answer)
 
     def wait_for_window(self, title, timeout=20):

@@ -55,10 +55,10 @@ class MainWindowChecks:
         """The grid frame fills the window less its margins, the grid fills the
         frame less the button row, the five buttons sit on one line 60 twips
         below the grid; nothing overlaps."""
-        c = self.controls(main)
-        width, height = c["client"]
-        frame, grid, status, toolbar = (c[role]["rect"] for role in ("frame", "grid", "status", "toolbar"))
-        start = c["Start"]["rect"]
+        placed = self.controls(main)
+        width, height = placed["client"]
+        frame, grid, status, toolbar = (placed[role]["rect"] for role in ("frame", "grid", "status", "toolbar"))
+        start = placed["Start"]["rect"]
         self.assertAlmostEqual(width - self.px(120), frame[2] - frame[0], delta=1)
         self.assertAlmostEqual(height - self.px(800) - (status[3] - status[1]), frame[3] - frame[1], delta=1)
         self.assertAlmostEqual(frame[2] - frame[0] - self.px(120), grid[2] - grid[0], delta=1)
@@ -69,7 +69,7 @@ class MainWindowChecks:
         self.assertTrue(frame[0] <= grid[0] and grid[2] <= frame[2] and frame[1] <= grid[1])
         right = frame[0]
         for name in BUTTONS:
-            button = c[name]["rect"]
+            button = placed[name]["rect"]
             self.assertAlmostEqual(grid[3] + self.px(60), button[1], delta=1, msg=f"{name} 60 twips below the grid")
             self.assertEqual(start[3] - start[1], button[3] - button[1], f"{name} as high as Start")
             self.assertGreaterEqual(button[0], right, f"{name} right of the one before")
@@ -80,9 +80,9 @@ class MainWindowChecks:
     def assert_tidy(self, main, shot):
         """Nothing left of an earlier layout beside the button line, and a
         painted status bar."""
-        c = self.controls(main)
+        placed = self.controls(main)
         x, y = self.driver("window", main["target"])["clientOrigin"]
-        frame, repeat, status = (c[role]["rect"] for role in ("frame", "Repeat", "status"))
+        frame, repeat, status = (placed[role]["rect"] for role in ("frame", "Repeat", "status"))
         beside_buttons = (repeat[2] + 2, repeat[1], frame[2] - 4, repeat[3])
         self.assertEqual(1, colours(shot, beside_buttons, x, y), "an empty strip beside the button line")
         self.assertGreater(colours(shot, status, x, y), 2, "a painted status bar")
@@ -231,9 +231,9 @@ class MainWindowTest(MainWindowChecks, WineTestCase):
         enabled = self.toolbar_enabled(main)
         self.assertEqual({"Save": False, "Load": False, "Settings": False, "About": True, "Help": True, "Exit": True},
                          enabled)
-        c = self.controls(main)
+        placed = self.controls(main)
         self.assertEqual({"grid": False, "Start": False, "RECORD": False, "Record options": False, "Stop": True,
-                          "Repeat": True}, {role: c[role]["enabled"] for role in ("grid", *BUTTONS)})
+                          "Repeat": True}, {role: placed[role]["enabled"] for role in ("grid", *BUTTONS)})
         self.settled_screenshot("run-lock")
 
         # Minimising unlocks the commands of the run.
