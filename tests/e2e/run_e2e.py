@@ -30,6 +30,12 @@ def load_tests(modules):
     return loader.discover(str(HERE), pattern="test_*.py", top_level_dir=str(HERE))
 
 
+def failed_tests(result):
+    """Ids of the tests that failed; a test with several failing subtests counts once."""
+    failing = result.failures + result.errors + [(test, None) for test in result.unexpectedSuccesses]
+    return {getattr(test, "test_case", test).id() for test, _ in failing}
+
+
 def main():
     arguments = parse_arguments()
     if arguments.build:
@@ -42,7 +48,7 @@ def main():
         result = unittest.TextTestRunner(verbosity=2, stream=sys.stdout).run(load_tests(arguments.modules))
     finally:
         wine_session.close_session()
-    failed = len(result.failures) + len(result.errors) + len(result.unexpectedSuccesses)
+    failed = len(failed_tests(result))
     passed = result.testsRun - failed - len(result.skipped)
     summary = {"passed": passed, "failed": failed, "skipped": len(result.skipped),
                "seconds": round(time.monotonic() - started, 1)}
