@@ -68,6 +68,7 @@ void Init(App& app, bool skipWorkingCopy, StartupServices& services) {
     Trapped(app, "Init", [&] {
         services.LoadHookLibrary();
         GetWinV(app);
+        app.decimalSeparator = app.os.os.DecimalSeparator();
         BuildColumns(app);
         app.ui.main.SetSizeTwips(kWindowWidthTwips, StoredHeightTwips(app));
         NewWidth(app);

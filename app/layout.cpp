@@ -15,7 +15,8 @@ constexpr double kGridTopInset = 180;     // room for the frame's top line
 constexpr double kGridLeavesInFrame = 300;
 constexpr double kButtonGapBelowGrid = 60;
 constexpr double kButtonHeight = 400;
-constexpr double kButtonWidth = 1400;
+constexpr double kButtonWidth = 1300;
+constexpr double kHelpButtonWidth = 360;
 constexpr double kRecOptionsWidth = 300;
 constexpr double kButtonGap = 120;
 constexpr double kMinimumWidth = 6870;
@@ -58,6 +59,7 @@ MainLayout LayoutMainWindow(PixelSize client, int toolbarHeight, int statusBarHe
     layout.record = RightOf(layout.stop, gap, px(kButtonWidth));
     layout.recOptions = RightOf(layout.record, 0, px(kRecOptionsWidth));
     layout.repeat = RightOf(layout.recOptions, gap, px(kButtonWidth));
+    layout.help = RightOf(layout.repeat, gap, px(kHelpButtonWidth));
     return layout;
 }
 

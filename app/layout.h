@@ -34,6 +34,7 @@ struct MainLayout {
     PixelRect record;
     PixelRect recOptions;
     PixelRect repeat;
+    PixelRect help;  // cmdHelp
 };
 
 // The grid frame fills the client area above the status bar, leaving the top

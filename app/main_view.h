@@ -6,7 +6,7 @@
 
 enum class Control {
     ToolSave, ToolLoad, ToolSettings, ToolAbout, ToolHelp, ToolExit,
-    Start, Stop, Repeat, Record, RecOptions, Grid, StatusBar,
+    Start, Stop, Repeat, Record, RecOptions, Help, Grid, StatusBar,
 };
 
 enum class Timer { Stop, Hotkey, ShiftNext, CursorPos, Blank, MouseSaver, ColResize };

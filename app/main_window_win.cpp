@@ -16,7 +16,7 @@ constexpr double kStartHeightTwips = 6610;
 
 // Control ids start above IDOK and IDCANCEL, which dialog keys send.
 enum ChildId : int {
-    kIdFrame = 100, kIdGrid, kIdStart, kIdStop, kIdRecord, kIdRecOptions, kIdRepeat, kIdStatusBar,
+    kIdFrame = 100, kIdGrid, kIdStart, kIdStop, kIdRecord, kIdRecOptions, kIdRepeat, kIdHelp, kIdStatusBar,
     kIdDropButton,
 };
 
@@ -36,6 +36,7 @@ constexpr Button kButtons[] = {
     {Control::Record, kIdRecord, "RECORD", kPushButton},
     {Control::RecOptions, kIdRecOptions, "Record options", kDrawnButton},
     {Control::Repeat, kIdRepeat, "Repeat", kDrawnButton},
+    {Control::Help, kIdHelp, "?", kPushButton},
 };
 
 const Button* ButtonById(int id) {
@@ -143,6 +144,7 @@ void MainWindow::Layout() {
     MoveTo(buttons_[kIdRecord], layout.record);
     MoveTo(buttons_[kIdRecOptions], layout.recOptions);
     MoveTo(buttons_[kIdRepeat], layout.repeat);
+    MoveTo(buttons_[kIdHelp], layout.help);
 }
 
 void MainWindow::Centre(int width, int height) {

@@ -50,6 +50,7 @@ struct Program {
             case Control::Stop: StopButton(app); break;
             case Control::Repeat: PressRepeatToggle(app); break;
             case Control::Record: RunSeam(app.clickRecord); break;
+            case Control::Help: ToolbarClick(app, "h2"); break;
             default: break;
         }
     }

@@ -20,4 +20,6 @@ public:
     virtual bool OtherInstanceRunning() = 0;
     virtual std::string ProgramFolder() = 0;
     virtual std::string CommandLine() = 0;
+    // The user's decimal separator, for numbers the program formats.
+    virtual char DecimalSeparator() = 0;
 };

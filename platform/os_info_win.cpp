@@ -74,3 +74,9 @@ std::string WinOsInfo::ProgramFolder() {
 }
 
 std::string WinOsInfo::CommandLine() { return ArgumentsAfterProgramName(GetCommandLineA()); }
+
+char WinOsInfo::DecimalSeparator() {
+    char separator[4] = ".";
+    GetLocaleInfoA(LOCALE_USER_DEFAULT, LOCALE_SDECIMAL, separator, sizeof separator);
+    return separator[0] != '\0' ? separator[0] : '.';
+}

@@ -102,6 +102,7 @@ public:
     bool OtherInstanceRunning() override;
     std::string ProgramFolder() override;
     std::string CommandLine() override;
+    char DecimalSeparator() override;
 
 private:
     HANDLE instanceMutex_ = nullptr;

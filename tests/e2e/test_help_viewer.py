@@ -35,14 +35,15 @@ class HelpViewerTest(WineTestCase):
         self.xdotool("mousemove", "--sync", str((left + right) // 2), str(top + 3 * (bottom - top) // 4),
                      "click", "1")
 
-    def test_help_button_and_menu_entry_open_the_help_file_maximised(self):
+    def test_help_button_menu_entry_and_cmdhelp_open_the_help_file_maximised(self):
         folder = self.make_program_folder(settings=SETTLED)
         process = self.start_klickwerk(folder)
         main = self.wait_for_main_window()
         expected = f'"C:\\windows\\hh.exe" "{win_path(folder / "Klickwerk.chm")}"'
 
         ways = [("help button", lambda: self.click_toolbar(main, "Help")),
-                ("View Help File", lambda: self.open_from_menu(main))]
+                ("View Help File", lambda: self.open_from_menu(main)),
+                ("cmdHelp", lambda: self.driver("click", main["target"], "?"))]
         for way, open_help in ways:
             with self.subTest(way=way):
                 self.assertEqual([], self.viewers())

@@ -8,7 +8,7 @@ from test_startup import SETTLED, script_bytes
 from wine_session import TIMEOUT_SCALE, wait_until
 
 TOOLBAR = ["Save", "Load", "Settings", "About", "Help", "Exit"]
-BUTTONS = ["Start", "Stop", "RECORD", "Record options", "Repeat"]
+BUTTONS = ["Start", "Stop", "RECORD", "Record options", "Repeat", "?"]
 PANEL_TIPS = ["Information (general, warnings, errors, etc.)", "X-Coordinate", "Y-Coordinate",
               "Current StopKey.  Click here to change.", "Total clicks counter.  Click here to reset.",
               "Total number of steps.  Click here to change."]
@@ -82,8 +82,8 @@ class MainWindowChecks:
         painted status bar."""
         placed = self.controls(main)
         x, y = self.driver("window", main["target"])["clientOrigin"]
-        frame, repeat, status = (placed[role]["rect"] for role in ("frame", "Repeat", "status"))
-        beside_buttons = (repeat[2] + 2, repeat[1], frame[2] - 4, repeat[3])
+        frame, last, status = (placed[role]["rect"] for role in ("frame", BUTTONS[-1], "status"))
+        beside_buttons = (last[2] + 2, last[1], frame[2] - 4, last[3])
         self.assertEqual(1, colours(shot, beside_buttons, x, y), "an empty strip beside the button line")
         self.assertGreater(colours(shot, status, x, y), 2, "a painted status bar")
 
@@ -233,7 +233,7 @@ class MainWindowTest(MainWindowChecks, WineTestCase):
                          enabled)
         placed = self.controls(main)
         self.assertEqual({"grid": False, "Start": False, "RECORD": False, "Record options": False, "Stop": True,
-                          "Repeat": True}, {role: placed[role]["enabled"] for role in ("grid", *BUTTONS)})
+                          "Repeat": True, "?": True}, {role: placed[role]["enabled"] for role in ("grid", *BUTTONS)})
         self.settled_screenshot("run-lock")
 
         # Minimising unlocks the commands of the run.

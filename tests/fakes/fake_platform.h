@@ -136,6 +136,7 @@ public:
     bool OtherInstanceRunning() override { return otherInstance; }
     std::string ProgramFolder() override { return folder; }
     std::string CommandLine() override { return commandLine; }
+    char DecimalSeparator() override { return decimalSeparator; }
 
     OsVersion version{true, 2, 6, 1};
     bool themed = true;
@@ -143,5 +144,6 @@ public:
     bool otherInstance = false;
     std::string folder;
     std::string commandLine;
+    char decimalSeparator = '.';
     std::vector<std::pair<unsigned, unsigned>> initCalls;
 };

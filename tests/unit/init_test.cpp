@@ -123,3 +123,11 @@ TEST(Init, AppendsTheWorkingCopyUnlessSkipped) {
         EXPECT_EQ(t.app.settings.repeatState, "1") << skip;
     }
 }
+
+TEST(Init, TakesTheUsersDecimalSeparator) {
+    TestApp t;
+    t.osInfo.decimalSeparator = ',';
+    FakeStartupServices services{t.app};
+    Init(t.app, true, services);
+    EXPECT_EQ(t.app.decimalSeparator, ',');
+}

@@ -52,7 +52,7 @@ TEST_P(MainLayoutTest, FollowsTheTwipMeasures) {
     EXPECT_GT(layout.grid.top, layout.frame.top);
 
     const PixelRect* buttons[] = {&layout.start, &layout.stop, &layout.record, &layout.recOptions,
-                                  &layout.repeat};
+                                  &layout.repeat, &layout.help};
     for (const PixelRect* button : buttons) {
         EXPECT_EQ(button->top, layout.grid.Bottom() + px(60));
         EXPECT_EQ(button->height, layout.start.height);
@@ -64,6 +64,7 @@ TEST_P(MainLayoutTest, FollowsTheTwipMeasures) {
     EXPECT_LT(layout.stop.Right(), layout.record.left);
     EXPECT_EQ(layout.record.Right(), layout.recOptions.left) << "the arrow belongs to RECORD";
     EXPECT_LT(layout.recOptions.Right(), layout.repeat.left);
+    EXPECT_LT(layout.repeat.Right(), layout.help.left);
     EXPECT_LT(layout.recOptions.width, layout.record.width);
 }
 
@@ -73,7 +74,7 @@ TEST_P(MainLayoutTest, ButtonsFitAtTheSmallestWindow) {
     int border = 8 * dpi / 96;
     PixelSize smallest{minimum.width - 2 * border, minimum.height - 2 * border - 31 * dpi / 96};
     MainLayout layout = LayoutMainWindow(smallest, 46 * dpi / 96, 22 * dpi / 96, dpi);
-    EXPECT_LE(layout.repeat.Right(), layout.grid.Right());
+    EXPECT_LE(layout.help.Right(), layout.grid.Right());
     EXPECT_GT(layout.grid.height, 3 * layout.start.height) << "room for a few rows";
 }
 
