@@ -57,7 +57,12 @@ class ClickTest(PlaybackTestCase):
         probe_log, probe = self.open_probe("Probe Glide")
         start = (probe["x"] + 10, probe["y"] + 10)
         target = (probe["x"] + 1110, probe["y"] + 190)
-        self.open_script([step(*start, secs=SETTLE), step(*target, secs=2)], SmoothPointer=1)
+        # The pointer waits on the start before the run, so that no late
+        # report of an earlier way to it can fall inside the glide.
+        self.open_script([step(-1, -1, secs=SETTLE), step(*target, secs=2)], SmoothPointer=1)
+        self.move_pointer(*start)
+        wait_until(lambda: [(x, y) for _, x, y in probe_log.events({"move"})][-1:] == [start], 20,
+                   "the probe seeing the pointer on the start")
 
         self.press("Start")
         # The pointer position shown by the program during the wait.
