@@ -2,8 +2,10 @@
 with the first-run offer, a script named on the command line, a declined
 second instance and a script that does not exist."""
 import re
+import subprocess
 
 from harness import APP_TITLE, WineTestCase, file_bytes, read_ini, win_path
+from wine_session import WINE, wait_until
 
 HEADERS = ["#", "X", "Y", "Button", "Additional", "Mins", "Secs", "Repeat"]
 
@@ -162,3 +164,40 @@ class CloseTest(WineTestCase):
 
         self.assert_no_errors_logged(folder)
         self.assertEqual("1", dict(read_ini(folder / "Settings.ini"))["GRepeat"])
+
+    def test_closing_after_a_new_error_line_shows_the_notice_and_opens_the_log(self):
+        old_line = b"Klickwerk Type mismatch 13 StartButton 0\r\n"
+        bad_step = ["True|||1||abc||10||No Click||||0||0||0"]  # X is no number: the run logs an error
+        folder = self.make_program_folder(settings=SETTLED, files={"Error.log": old_line,
+                                                                   "bad.kwf": script_bytes(bad_step)})
+        process = self.start_klickwerk(folder, win_path(folder / "bad.kwf"), "/norep")
+        main = self.wait_for_main_window()
+        wait_until(lambda: file_bytes(folder / "Error.log") != old_line, 20, "the run's line in the error log")
+
+        self.associate_log_files_with_notepad()
+        self.driver("close", main["target"])
+        box = self.wait_for_msgbox(f"{APP_TITLE} logged some minor errors during this run.  "
+                                   "Please send Error.log to support@klickwerk.example.  Thank you.")
+        self.assertEqual(["OK"], box["buttons"])
+        self.answer("OK")
+        self.wait_for_exit(process)
+        opened = wait_until(lambda: [p for p in self.driver("processes") if "error.log" in p["commandLine"].lower()],
+                            20, "the error log opened by the shell")
+        self.assertIn(win_path(folder / "Error.log").lower(), opened[0]["commandLine"].lower())
+        self.driver("close", "Error.log - Notepad", wait=20)
+        self.assertEqual(old_line * 2, file_bytes(folder / "Error.log"), "the log is only ever appended to")
+
+    def associate_log_files_with_notepad(self):
+        """As on Windows, where ".log" files open in Notepad; a fresh Wine
+        prefix knows no such association."""
+        for key, data in ((r"HKCR\.log", "txtfile"), (r"HKCR\txtfile\shell\open\command", 'notepad.exe "%1"')):
+            subprocess.run([WINE, "reg", "add", key, "/ve", "/d", data, "/f"], env=self.session.env,
+                           stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
+                           timeout=60, check=True)
+
+    def test_closing_with_an_old_log_but_no_new_line_shows_nothing(self):
+        folder = self.make_program_folder(settings=SETTLED, files={"Error.log": b"an older run's line\r\n"})
+        process = self.start_klickwerk(folder)
+        main = self.wait_for_main_window()
+        self.close_klickwerk(process, main)  # fails on any message box
+        self.assertEqual(b"an older run's line\r\n", file_bytes(folder / "Error.log"))
