@@ -2,6 +2,7 @@
 
 #include <optional>
 
+#include "app/about_box.h"
 #include "app/app.h"
 #include "app/error_log.h"
 #include "app/init.h"
@@ -14,7 +15,6 @@
 namespace {
 
 constexpr const char* kProductName = "Klickwerk";
-constexpr const char* kSupportAddress = "support@klickwerk.example";
 constexpr const char* kSwitchMark = " /";
 // InitCommonControlsEx: the structure's size and every control class.
 constexpr unsigned kInitControlsSize = 8;
@@ -112,7 +112,7 @@ void OfferErrorLog(App& app) {
     std::optional<std::int64_t> length = app.os.files.Length(app.errorLogPath);
     if (!length || *length == app.errorLogSizeAtStart) return;
     Inform(app,
-           app.appTitle + " logged some minor errors during this run.  Please send Error.log to " + kSupportAddress +
+           app.appTitle + " logged some minor errors during this run.  Please send Error.log to " + kSupportMail +
                ".  Thank you.",
            BoxStyle::Plain);
     app.os.shell.Open(app.errorLogPath, "0", "0", kShowNormal);
@@ -144,7 +144,7 @@ bool MainSub(App& app, StartupServices& services) {
         app.settingsPath = app.programFolder + "\\Settings.ini";
         app.scriptStorePath = app.programFolder + "\\Data.dat";
         app.closingFlag = false;
-        services.ShowSplash(app.appTitle, "Build " + std::to_string(KW_BUILD_NUMBER));
+        services.ShowSplash(app.appTitle, BuildText());
         services.LoadMainWindow();
         loaded = true;
         app.os.clock.Yield();
