@@ -214,13 +214,40 @@ class WineOperations:
     def wait_for_no_dialog(self, timeout=20):
         wait_until(lambda: self.driver("msgbox", allow_missing=True) is None, timeout, "the dialog to close")
 
-    def enter_file_name(self, dialog_title, name):
+    def enter_file_name(self, dialog_title, name, attempts=3):
         """Types a name into the file name box of an open or save dialog and
-        confirms it with Return, as the user does."""
-        self.focus(dialog_title)
-        self.xdotool("key", "ctrl+a")
-        self.xdotool("type", "--delay", "20", name)
-        self.xdotool("key", "Return")
+        confirms it with Return, as the user does. On a loaded machine X can
+        lose a keystroke, so the box is read back before Return, and Return
+        is pressed again only while the dialog is still up."""
+        dialog = self.wait_for_dialog(dialog_title)
+
+        def name_box_holds_name():
+            return name in [control["text"] for control in self.driver("controls", f"hwnd={dialog['hwnd']}")
+                            if control["class"] == "Edit" and control["visible"]]
+
+        def dialog_gone():
+            shown = self.driver("msgbox", allow_missing=True)
+            return not shown or shown["hwnd"] != dialog["hwnd"]
+
+        for attempt in range(1, attempts + 1):
+            self.focus(dialog_title)
+            self.xdotool("key", "ctrl+a")
+            self.xdotool("type", "--delay", "20", name)
+            try:
+                wait_until(name_box_holds_name, 5, f"{name!r} in the file name box")
+                break
+            except AssertionError:
+                if attempt == attempts:
+                    raise
+        for attempt in range(1, attempts + 1):
+            self.focus(dialog_title)
+            self.xdotool("key", "Return")
+            try:
+                wait_until(dialog_gone, 5, f"the dialog {dialog_title!r} to take the name")
+                return
+            except AssertionError:
+                if attempt == attempts:
+                    raise
 
     # Files and logs -----------------------------------------------------------------
 
