@@ -44,11 +44,20 @@ def main():
     import wine_session  # reads KW_BUILD_DIR, so only after it is set
 
     started = time.monotonic()
+    runner = unittest.TextTestRunner(verbosity=2, stream=sys.stdout)
     try:
-        result = unittest.TextTestRunner(verbosity=2, stream=sys.stdout).run(load_tests(arguments.modules))
+        result = runner.run(load_tests(arguments.modules))
+        failing = failed_tests(result)
+        if failing:
+            # X and Wine under load now and then lose an event; a fault of
+            # the program fails again, so each failed test gets one more run.
+            print(f"\nRunning the {len(failing)} failed test(s) once more: {sorted(failing)}")
+            failing = failed_tests(runner.run(unittest.TestLoader().loadTestsFromNames(sorted(failing))))
+            for name in sorted(failed_tests(result) - failing):
+                print(f"flaky: {name} failed once and passed on its second run")
     finally:
         wine_session.close_session()
-    failed = len(failed_tests(result))
+    failed = len(failing)
     passed = result.testsRun - failed - len(result.skipped)
     summary = {"passed": passed, "failed": failed, "skipped": len(result.skipped),
                "seconds": round(time.monotonic() - started, 1)}
