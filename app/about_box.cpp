@@ -1,11 +1,11 @@
 #include "app/about_box.h"
 
-#include "app/app.h"
+#include "core/app.h"
 #include "version.h"
+#include "platform/win_constants.h"
 
 namespace {
 
-constexpr int kShowNormal = 5;
 // Each step stays on screen this long, so the slide can be seen on a fast machine.
 constexpr std::uint32_t kStepPauseMs = 10;
 
@@ -56,6 +56,6 @@ void HideAbout(App& app) {
 
 void OpenAboutLink(App& app, AboutLink link) {
     std::string target = link == AboutLink::Mail ? std::string("mailto:") + kSupportMail : kWebAddress;
-    app.os.shell.Open(target, "", "", kShowNormal);
+    app.os.shell.Open(target, "", "", win::kSwShow);
     HideAbout(app);
 }

@@ -1,6 +1,6 @@
 #include "app/about_frame_win.h"
 
-#include "app/dpi_win.h"
+#include "platform/dpi_win.h"
 #include "app/layout.h"
 #include "resource_ids.h"
 

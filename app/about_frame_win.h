@@ -5,7 +5,7 @@
 #include <functional>
 
 #include "app/about_box.h"
-#include "app/base_window_win.h"
+#include "platform/base_window_win.h"
 
 class AboutFrameWin : public AboutView, public BaseWindow<AboutFrameWin> {
 public:

@@ -1,15 +1,14 @@
 #include "app/dialog_flags.h"
 
-#include "app/app.h"
-#include "app/error_log.h"
-#include "script/basic_text.h"
-
-using namespace dialog_flags;
+#include "core/app.h"
+#include "core/error_log.h"
+#include "core/basic_text.h"
+#include "platform/win_constants.h"
 
 namespace {
 
 // A hook or template would need code the program does not have.
-unsigned CleanExtraFlags(unsigned extra) { return extra & ~(kEnableHook | kEnableTemplate); }
+unsigned CleanExtraFlags(unsigned extra) { return extra & ~(win::kOfnEnableHook | win::kOfnEnableTemplate); }
 
 // The system wants the bare extension ("kwf"); the commands name a pattern.
 std::string BareExtension(const std::string& pattern) {
@@ -41,16 +40,16 @@ std::optional<std::string> Confirmed(std::optional<std::string> chosen) {
 
 unsigned OpenDialogFlags(const DialogOptions& options) {
     unsigned flags = 0;
-    if (options.fileMustExist) flags |= kFileMustExist;
-    if (options.multiSelect) flags |= kAllowMultiSelect;
-    if (options.readOnlyChecked) flags |= kReadOnly;
-    if (options.hideReadOnly) flags |= kHideReadOnly;
+    if (options.fileMustExist) flags |= win::kOfnFileMustExist;
+    if (options.multiSelect) flags |= win::kOfnAllowMultiSelect;
+    if (options.readOnlyChecked) flags |= win::kOfnReadOnly;
+    if (options.hideReadOnly) flags |= win::kOfnHideReadOnly;
     return flags | CleanExtraFlags(options.extraFlags);
 }
 
 unsigned SaveDialogFlags(const DialogOptions& options) {
-    unsigned flags = kHideReadOnly;
-    if (options.overwritePrompt) flags |= kOverwritePrompt;
+    unsigned flags = win::kOfnHideReadOnly;
+    if (options.overwritePrompt) flags |= win::kOfnOverwritePrompt;
     return flags | CleanExtraFlags(options.extraFlags);
 }
 
@@ -63,7 +62,7 @@ std::string ZeroSeparatedFilter(const std::string& filter) {
 }
 
 std::size_t FileNameBufferSize(unsigned flags) {
-    return (flags & kAllowMultiSelect) ? kMultiSelectBuffer : kFileNameBuffer;
+    return (flags & win::kOfnAllowMultiSelect) ? kMultiSelectBuffer : kFileNameBuffer;
 }
 
 FileDialogRequest OpenRequest(const DialogOptions& options) { return Request(options, OpenDialogFlags(options)); }

@@ -4,19 +4,9 @@
 #include <optional>
 #include <string>
 
-#include "app/file_dialogs.h"
+#include "core/file_dialogs.h"
 
 struct App;
-
-namespace dialog_flags {
-inline constexpr unsigned kReadOnly = 0x1;
-inline constexpr unsigned kOverwritePrompt = 0x2;
-inline constexpr unsigned kHideReadOnly = 0x4;
-inline constexpr unsigned kEnableHook = 0x20;
-inline constexpr unsigned kEnableTemplate = 0x40;
-inline constexpr unsigned kAllowMultiSelect = 0x200;
-inline constexpr unsigned kFileMustExist = 0x1000;
-}  // namespace dialog_flags
 
 inline constexpr std::size_t kFileNameBuffer = 260;
 inline constexpr std::size_t kMultiSelectBuffer = 8192;

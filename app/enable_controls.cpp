@@ -1,6 +1,6 @@
 #include "app/enable_controls.h"
 
-#include "app/app.h"
+#include "core/app.h"
 
 namespace {
 

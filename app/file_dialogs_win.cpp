@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "app/dialog_flags.h"
-#include "script/runtime_error.h"
+#include "core/runtime_error.h"
 
 namespace {
 
@@ -25,7 +25,7 @@ const char* OrNull(const std::string& text) { return text.empty() ? nullptr : te
 // end with two zeros; they are handed on that way.
 std::string ChosenText(const std::vector<char>& buffer, unsigned flags) {
     auto end = std::find(buffer.begin(), buffer.end(), '\0');
-    if (flags & dialog_flags::kAllowMultiSelect) {
+    if (flags & OFN_ALLOWMULTISELECT) {
         while (end != buffer.end() && end + 1 != buffer.end() && *(end + 1) != '\0')
             end = std::find(end + 1, buffer.end(), '\0');
     }

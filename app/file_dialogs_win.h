@@ -1,6 +1,6 @@
 #pragma once
 // GetOpenFileNameA / GetSaveFileNameA behind the FileDialogs view.
-#include "app/file_dialogs.h"
+#include "core/file_dialogs.h"
 #include "platform/win32.h"
 
 class FileDialogsWin : public FileDialogs {

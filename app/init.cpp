@@ -3,31 +3,31 @@
 #include <string>
 #include <vector>
 
-#include "app/app.h"
-#include "app/error_log.h"
+#include "core/app.h"
+#include "core/error_log.h"
 #include "app/os_name.h"
-#include "app/settings_store.h"
+#include "core/settings.h"
+#include "core/settings.h"
 #include "app/startup.h"
 #include "editing/column_widths.h"
-#include "script/basic_text.h"
-#include "script/runtime_error.h"
+#include "core/basic_text.h"
+#include "core/runtime_error.h"
 #include "script/script_file.h"
-#include "script/vocabulary.h"
+#include "core/vocabulary.h"
+#include "script/step_grid.h"
 
 namespace {
 
-constexpr const char* kHeaders[kColumnCount] = {"#", "X", "Y", "Button", "Additional", "Mins", "Secs", "Repeat"};
 constexpr double kWindowWidthTwips = 6855;
-
-std::string Read(App& app, const char* key) { return ReadIni(app, kSettingsSection, key); }
 
 // The stored "ColWidth" split at ",", blanks after the commas kept. A short
 // list is laid over the defaults so that the next save writes eight entries;
 // the columns it lacks are still refused below.
 std::vector<std::string> LoadColumnWidths(App& app) {
-    std::string stored = Read(app, "ColWidth");
-    std::vector<std::string> widths = Split(Trim(stored).empty() ? kDefaultColumnWidths : stored, ",");
-    std::vector<std::string> defaults = Split(kDefaultColumnWidths, ",");
+    std::string stored = ReadSetting(app, Setting::ColWidth);
+    const char* defaultWidths = KeyOf(Setting::ColWidth).defaultValue;
+    std::vector<std::string> widths = Split(Trim(stored).empty() ? defaultWidths : stored, ",");
+    std::vector<std::string> defaults = Split(defaultWidths, ",");
     for (std::size_t i = 0; i < app.columnWidths.size(); ++i) {
         app.columnWidths[i] = i < widths.size() ? widths[i] : defaults[i];
     }
@@ -38,14 +38,14 @@ void BuildColumns(App& app) {
     std::vector<std::string> widths = LoadColumnWidths(app);
     for (int column = 0; column < kColumnCount; ++column) {
         if (static_cast<std::size_t>(column) >= widths.size()) RaiseSubscriptOutOfRange();
-        app.ui.grid.AddColumn(kHeaders[column], TextToDouble(widths[column]), column != kColNumber);
+        app.ui.grid.AddColumn(kColumnHeaders[column], TextToDouble(widths[column]), column != kColNumber);
     }
 }
 
 // An empty or unreadable "Height" gives the default height.
 double StoredHeightTwips(App& app) {
-    std::string height = Read(app, "Height");
-    return TextToDouble(IsNumeric(height) ? height : kDefaultHeightTwips);
+    std::string height = ReadSetting(app, Setting::Height);
+    return TextToDouble(IsNumeric(height) ? height : KeyOf(Setting::Height).defaultValue);
 }
 
 void FillClickActions(App& app) {
@@ -55,7 +55,7 @@ void FillClickActions(App& app) {
 
 // Returns the text the stop-key drop-down shows.
 std::string FillStopKeys(App& app) {
-    app.stopKeyCode = StopKeyFromSetting(Read(app, "StopKey"));
+    app.stopKeyCode = StopKeyFromSetting(ReadSetting(app, Setting::StopKey));
     std::vector<std::string> choices = StopKeyChoices();
     std::string shown = StopKeyName(app.stopKeyCode);
     app.ui.main.FillDropDown(DropDown::StopKeys, choices, shown);

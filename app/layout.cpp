@@ -32,14 +32,6 @@ PixelRect RightOf(const PixelRect& neighbour, int gap, int width) {
 }
 }  // namespace
 
-int TwipsToPixels(double twips, int dpi) {
-    return static_cast<int>(std::lround(twips * dpi / kTwipsPerInch));
-}
-
-double PixelsToTwips(int pixels, int dpi) {
-    return dpi > 0 ? static_cast<double>(pixels) * kTwipsPerInch / dpi : 0;
-}
-
 MainLayout LayoutMainWindow(PixelSize client, int toolbarHeight, int statusBarHeight, int dpi) {
     auto px = [dpi](double twips) { return TwipsToPixels(twips, dpi); };
     MainLayout layout;

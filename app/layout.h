@@ -1,13 +1,8 @@
 #pragma once
-// Sizes of the program's own windows are twips (1440 per logical inch); the
-// windows turn them into pixels at their actual DPI with these helpers, and
-// the main window takes its layout from here.
+// The main window's layout in pixels at its DPI.
 #include <array>
 
-inline constexpr int kTwipsPerInch = 1440;
-
-int TwipsToPixels(double twips, int dpi);
-double PixelsToTwips(int pixels, int dpi);
+#include "platform/twips.h"
 
 struct PixelRect {
     int left = 0;

@@ -3,7 +3,7 @@
 #include <functional>
 #include <string>
 
-#include "app/app.h"
+#include "core/app.h"
 
 namespace {
 

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <optional>
 
-#include "app/dpi_win.h"
+#include "platform/dpi_win.h"
 #include "app/drawn_buttons_win.h"
 #include "app/resources/resource_ids.h"
 

@@ -10,15 +10,15 @@
 #include <string>
 
 #include "app/about_frame_win.h"
-#include "app/base_window_win.h"
+#include "platform/base_window_win.h"
 #include "app/layout.h"
-#include "app/main_view.h"
+#include "core/main_view.h"
 #include "app/receiver_window_win.h"
 #include "app/status_bar_win.h"
 #include "app/stop_key_frame_win.h"
 #include "app/toolbar_win.h"
 #include "app/window_timers_win.h"
-#include "script/step_grid_win.h"
+#include "app/step_list_win.h"
 
 struct MainWindowHandlers {
     // A button's click (cmdStart, cmdStop, cmdRecord, cmdRecOptions, cmdRepeat).

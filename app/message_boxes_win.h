@@ -1,6 +1,6 @@
 #pragma once
 // MessageBoxA, owned by the main window once it exists.
-#include "app/message_boxes.h"
+#include "core/message_boxes.h"
 #include "platform/win32.h"
 
 class MessageBoxesWin : public MessageBoxes {

@@ -1,7 +1,7 @@
 #include "app/os_name.h"
 
-#include "app/app.h"
-#include "app/error_log.h"
+#include "core/app.h"
+#include "core/error_log.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 // the recorder answers them through `onInput`.
 #include <functional>
 
-#include "app/base_window_win.h"
+#include "platform/base_window_win.h"
 
 class ReceiverWindow : public BaseWindow<ReceiverWindow> {
 public:

@@ -2,13 +2,14 @@
 
 #include <cstdio>
 
-#include "app/app.h"
+#include "core/app.h"
 #include "app/dialog_flags.h"
-#include "app/error_log.h"
-#include "app/status_line.h"
-#include "script/basic_text.h"
-#include "script/runtime_error.h"
+#include "core/error_log.h"
+#include "core/status_line.h"
+#include "core/basic_text.h"
+#include "core/runtime_error.h"
 #include "script/script_file.h"
+#include "script/step_grid.h"
 
 namespace {
 

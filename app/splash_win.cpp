@@ -1,6 +1,6 @@
 #include "app/splash_win.h"
 
-#include "app/dpi_win.h"
+#include "platform/dpi_win.h"
 #include "app/layout.h"
 #include "app/resources/resource_ids.h"
 

@@ -3,7 +3,7 @@
 // the product title and the build number on a pale blue-grey ground.
 #include <string>
 
-#include "app/base_window_win.h"
+#include "platform/base_window_win.h"
 
 class SplashWindow : public BaseWindow<SplashWindow> {
 public:

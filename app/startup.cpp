@@ -3,23 +3,21 @@
 #include <optional>
 
 #include "app/about_box.h"
-#include "app/app.h"
-#include "app/error_log.h"
+#include "core/app.h"
+#include "core/error_log.h"
 #include "app/init.h"
-#include "app/settings_store.h"
-#include "playback/repeat_toggle.h"
-#include "script/basic_text.h"
+#include "core/settings.h"
+#include "core/settings.h"
+#include "core/basic_text.h"
 #include "script/script_file.h"
 #include "version.h"
+#include "platform/win_constants.h"
 
 namespace {
 
 constexpr const char* kProductName = "Klickwerk";
 constexpr const char* kSwitchMark = " /";
 // InitCommonControlsEx: the structure's size and every control class.
-constexpr unsigned kInitControlsSize = 8;
-constexpr unsigned kAllControlClasses = 0x1FFF;
-constexpr int kShowNormal = 1;
 
 std::string AppTitle() {
     return std::string(kProductName) + " v" + std::to_string(KW_VERSION_MAJOR) + "." +
@@ -39,7 +37,7 @@ void InitVisualStyles(OsInfo& os) {
     // major + minor / 10 >= 5.1, counted in tenths to stay exact.
     bool recentEnough = version.ok && version.major * 10 + version.minor >= 51;
     if (recentEnough && os.IsAppThemed() && os.CommonControlsMajorVersion() >= 6) {
-        os.InitCommonControls(kInitControlsSize, kAllControlClasses);
+        os.InitCommonControls(win::kInitCommonControlsExSize, win::kIccAllClasses);
     }
 }
 
@@ -49,8 +47,6 @@ bool AskForSecondInstance(App& app) {
 }
 
 void Inform(App& app, const std::string& text, BoxStyle style) { app.ui.boxes.Show(text, app.appTitle, style); }
-
-void WriteSetting(App& app, const char* key, const char* value) { WriteIni(app, kSettingsSection, key, value); }
 
 // Installs the example script as the working copy when it is there.
 void InstallExample(App& app, StartupServices& services) {
@@ -62,21 +58,21 @@ void InstallExample(App& app, StartupServices& services) {
     app.firstRunDemo = true;
     std::string example = app.programFolder + "\\Scripts\\FirstRun.kwf";
     if (FileExists(app, example) && app.os.files.Copy(example, app.scriptStorePath)) {
-        WriteSetting(app, "AutoStart", "1");
+        WriteSetting(app, Setting::AutoStart, "1");
         return;
     }
-    WriteSetting(app, "AutoStart", "0");
+    WriteSetting(app, Setting::AutoStart, "0");
     Inform(app, "Unable to locate FirstRun.kwf script file.", BoxStyle::Error);
 }
 
 void OfferExample(App& app, StartupServices& services) {
-    if (ReadIni(app, kSettingsSection, "FirstRun") != "1") return;
+    if (ReadSetting(app, Setting::FirstRun) != "1") return;
     std::string question = "This is your first time running " + app.appTitle +
                            ".  Would you like to load 'FirstRun' example script?";
     if (app.ui.boxes.Show(question, app.appTitle, BoxStyle::QuestionYesNo) == BoxAnswer::Yes) {
         InstallExample(app, services);
     } else {
-        WriteSetting(app, "AutoStart", "0");
+        WriteSetting(app, Setting::AutoStart, "0");
     }
     app.os.clock.Yield();
     WriteFirstRunDefaults(app);
@@ -115,7 +111,7 @@ void OfferErrorLog(App& app) {
            app.appTitle + " logged some minor errors during this run.  Please send Error.log to " + kSupportMail +
                ".  Thank you.",
            BoxStyle::Plain);
-    app.os.shell.Open(app.errorLogPath, "0", "0", kShowNormal);
+    app.os.shell.Open(app.errorLogPath, "0", "0", win::kSwShowNormal);
 }
 
 }  // namespace
@@ -157,7 +153,7 @@ void MainLoad(App& app, StartupServices& services) {
     Trapped(app, "Main_Load", [&] {
         if (!FileExists(app, app.settingsPath)) {
             Inform(app, "Failed to locate Settings file.  Loading defaults.", BoxStyle::Information);
-            WriteSetting(app, "FirstRun", "1");
+            WriteSetting(app, Setting::FirstRun, "1");
         }
         std::string commandLine = app.os.os.CommandLine();
         if (Trim(commandLine).empty()) {

@@ -5,7 +5,7 @@
 #include <stdexcept>
 
 #include "platform/message_pump_win.h"
-#include "playback/main_timers.h"
+#include "app/main_timers.h"
 
 namespace {
 // The window classes the main window is made of. Start-up initialises every

@@ -2,11 +2,11 @@
 // The stop-key panel fraStopKey: shown in the place of the grid frame while
 // the user picks a new stop key from cmbStopKeys; cmdStopKey(0) accepts the
 // choice, cmdStopKey(1) closes the panel. What a choice does is the
-// behaviour's (playback/stop_key.h); this is its view.
+// behaviour's (app/stop_key_panel.h); this is its view.
 #include <functional>
 #include <string>
 
-#include "app/base_window_win.h"
+#include "platform/base_window_win.h"
 #include "app/layout.h"
 
 class StopKeyFrameWin : public BaseWindow<StopKeyFrameWin> {

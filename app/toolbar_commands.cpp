@@ -3,14 +3,14 @@
 #include <map>
 
 #include "app/about_box.h"
-#include "app/app.h"
+#include "core/app.h"
 #include "app/enable_controls.h"
-#include "app/error_log.h"
+#include "core/error_log.h"
 #include "app/save_load_commands.h"
+#include "platform/win_constants.h"
 
 namespace {
 
-constexpr int kShowMaximised = 3;
 
 void OpenSettings(App& app) {
     // Without a settings panel nothing would unlock the controls again.
@@ -21,7 +21,7 @@ void OpenSettings(App& app) {
 
 void OpenHelpFile(App& app) {
     app.ui.main.SetEnabled(Control::ToolHelp, false);
-    app.os.shell.Open(app.programFolder + "\\Klickwerk.chm", "", "", kShowMaximised);
+    app.os.shell.Open(app.programFolder + "\\Klickwerk.chm", "", "", win::kSwShowMaximized);
     app.ui.main.SetEnabled(Control::ToolHelp, true);
 }
 

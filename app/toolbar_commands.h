@@ -2,7 +2,7 @@
 // The toolbar TB: its buttons and the commands behind them.
 #include <string>
 
-#include "app/main_view.h"
+#include "core/main_view.h"
 
 struct App;
 

@@ -2,7 +2,7 @@
 
 #include <iterator>
 
-#include "app/dpi_win.h"
+#include "platform/dpi_win.h"
 #include "app/toolbar_commands.h"
 #include "app/toolbar_pictures_win.h"
 

@@ -6,7 +6,7 @@
 #include <functional>
 #include <string>
 
-#include "app/main_view.h"
+#include "core/main_view.h"
 #include "platform/win32.h"
 
 #include <commctrl.h>

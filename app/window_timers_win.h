@@ -4,7 +4,7 @@
 #include <array>
 #include <optional>
 
-#include "app/main_view.h"
+#include "core/main_view.h"
 #include "platform/win32.h"
 
 inline constexpr int kTimerCount = static_cast<int>(Timer::ColResize) + 1;

@@ -2,7 +2,7 @@
 // wires the windows' commands to the behaviour, runs MainSub and then the
 // message loop until the main window is closed.
 #include "app/about_frame_win.h"
-#include "app/app.h"
+#include "core/app.h"
 #include "app/file_dialogs_win.h"
 #include "app/main_window_events.h"
 #include "app/main_window_win.h"
@@ -13,11 +13,11 @@
 #include "app/toolbar_commands.h"
 #include "platform/message_pump_win.h"
 #include "platform/platform_win.h"
-#include "playback/main_timers.h"
+#include "app/main_timers.h"
 #include "playback/playback_loop.h"
-#include "playback/repeat_toggle.h"
+#include "core/settings.h"
 #include "playback/run_controls.h"
-#include "playback/stop_key.h"
+#include "app/stop_key_panel.h"
 
 namespace {
 

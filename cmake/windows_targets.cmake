@@ -19,16 +19,21 @@ set(KW_RESOURCE_SCRIPT ${CMAKE_SOURCE_DIR}/app/resources/klickwerk.rc)
 set_source_files_properties(${KW_RESOURCE_SCRIPT} PROPERTIES
   OBJECT_DEPENDS "${KW_PICTURES};${CMAKE_SOURCE_DIR}/app/resources/klickwerk.manifest;${CMAKE_BINARY_DIR}/generated/version.h")
 
-add_executable(Klickwerk WIN32 ${KW_WINDOWS_SOURCES} ${KW_RESOURCE_SCRIPT})
-target_include_directories(Klickwerk PRIVATE
-  ${CMAKE_SOURCE_DIR}/app/resources ${KW_PICTURES_DIR} ${CMAKE_BINARY_DIR}/generated)
+set(KW_SYSTEM_LIBRARIES comctl32 comdlg32 shell32 shlwapi advapi32 uxtheme wininet winmm gdi32 user32 kernel32)
 # The program uses the ANSI calls throughout; Windows 7 is the oldest system
 # whose headers it needs (GetDpiForWindow is looked up at run time).
-target_compile_definitions(Klickwerk PRIVATE WINVER=0x0601 _WIN32_WINNT=0x0601 _WIN32_IE=0x0800
-  NOMINMAX WIN32_LEAN_AND_MEAN)
-target_compile_options(Klickwerk PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-Wall -Wextra -Wno-missing-field-initializers>)
-target_link_libraries(Klickwerk PRIVATE klickwerk_core
-  comctl32 comdlg32 shell32 advapi32 uxtheme wininet winmm gdi32 user32 kernel32)
+foreach(library ${KW_LAYER_LIBRARIES})
+  target_compile_definitions(${library} PUBLIC WINVER=0x0601 _WIN32_WINNT=0x0601 _WIN32_IE=0x0800
+    NOMINMAX WIN32_LEAN_AND_MEAN)
+  target_compile_options(${library} PRIVATE -Wno-missing-field-initializers)
+  target_link_libraries(${library} PUBLIC ${KW_SYSTEM_LIBRARIES})
+endforeach()
+
+add_executable(Klickwerk WIN32 ${CMAKE_SOURCE_DIR}/app/winmain_win.cpp ${KW_RESOURCE_SCRIPT})
+target_include_directories(Klickwerk PRIVATE
+  ${CMAKE_SOURCE_DIR}/app/resources ${KW_PICTURES_DIR} ${CMAKE_BINARY_DIR}/generated)
+target_compile_options(Klickwerk PRIVATE $<$<COMPILE_LANGUAGE:CXX>:${KW_WARNINGS} -Wno-missing-field-initializers>)
+target_link_libraries(Klickwerk PRIVATE kw_app)
 target_link_options(Klickwerk PRIVATE ${KW_STATIC_RUNTIME})
 
 # End-to-end fixtures: the probe that logs the input it receives, and the

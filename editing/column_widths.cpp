@@ -3,9 +3,10 @@
 #include <string>
 #include <vector>
 
-#include "app/app.h"
-#include "app/error_log.h"
-#include "script/basic_text.h"
+#include "core/app.h"
+#include "core/error_log.h"
+#include "core/basic_text.h"
+#include "script/step_grid.h"
 
 namespace {
 long WholeWidthTotal(App& app) {

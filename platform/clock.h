@@ -18,9 +18,8 @@ public:
     // Local wall-clock time in seconds since an arbitrary fixed origin.
     virtual double Now() = 0;
     virtual Date Today() = 0;
-    // The user's short date form, and back; nothing when the text is no date.
+    // The user's short date form.
     virtual std::string FormatShortDate(Date date) = 0;
-    virtual bool ParseShortDate(const std::string& text, Date& date) = 0;
     // Returns after `seconds`, or as soon as `stop` is found set after a
     // message-loop pass.
     virtual void Wait(double seconds, const bool& stop) = 0;

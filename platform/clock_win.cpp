@@ -4,7 +4,6 @@
 
 #include <algorithm>
 
-#include "platform/date_pattern.h"
 #include "platform/message_pump_win.h"
 
 namespace {
@@ -69,14 +68,6 @@ std::string WinClock::FormatShortDate(Date date) {
     char text[80];
     int length = GetDateFormatA(LOCALE_USER_DEFAULT, DATE_SHORTDATE, &time, nullptr, text, sizeof text);
     return length > 0 ? std::string(text) : std::string();
-}
-
-bool WinClock::ParseShortDate(const std::string& text, Date& date) {
-    char pattern[80];
-    if (!GetLocaleInfoA(LOCALE_USER_DEFAULT, LOCALE_SSHORTDATE, pattern, sizeof pattern)) return false;
-    std::optional<Date> parsed = ParseDateWithPattern(text, pattern);
-    if (parsed) date = *parsed;
-    return parsed.has_value();
 }
 
 void WinClock::Wait(double seconds, const bool& stop) {

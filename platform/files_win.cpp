@@ -80,12 +80,6 @@ bool WinFiles::Copy(const std::string& from, const std::string& to) {
     return data && WriteAtomically(to, *data);
 }
 
-bool WinFiles::Remove(const std::string& path) { return DeleteFileA(path.c_str()) != 0; }
-
-bool WinFiles::CreateFolder(const std::string& path) {
-    return CreateDirectoryA(path.c_str(), nullptr) || GetLastError() == ERROR_ALREADY_EXISTS;
-}
-
 std::vector<std::string> WinFiles::List(const std::string& pattern) {
     std::vector<std::string> names;
     WIN32_FIND_DATAA found;

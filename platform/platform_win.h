@@ -21,8 +21,6 @@ public:
     bool WriteAtomically(const std::string& path, const std::string& data) override;
     bool Append(const std::string& path, const std::string& data) override;
     bool Copy(const std::string& from, const std::string& to) override;
-    bool Remove(const std::string& path) override;
-    bool CreateFolder(const std::string& path) override;
     std::vector<std::string> List(const std::string& pattern) override;
 };
 
@@ -70,8 +68,6 @@ public:
                 unsigned flags) override;
     Rect GetRect(WindowHandle window) override;
     bool Post(WindowHandle window, unsigned message, std::uintptr_t wParam, std::intptr_t lParam) override;
-    WindowHandle FromPoint(Point point) override;
-    std::string Title(WindowHandle window) override;
 };
 
 class WinClock : public Clock {
@@ -80,7 +76,6 @@ public:
     double Now() override;
     Date Today() override;
     std::string FormatShortDate(Date date) override;
-    bool ParseShortDate(const std::string& text, Date& date) override;
     void Wait(double seconds, const bool& stop) override;
     void Yield() override;
     void Sleep(std::uint32_t milliseconds) override;

@@ -25,6 +25,4 @@ public:
                         int height, unsigned flags) = 0;
     virtual Rect GetRect(WindowHandle window) = 0;
     virtual bool Post(WindowHandle window, unsigned message, std::uintptr_t wParam, std::intptr_t lParam) = 0;
-    virtual WindowHandle FromPoint(Point point) = 0;
-    virtual std::string Title(WindowHandle window) = 0;
 };

@@ -28,13 +28,3 @@ bool WinWindows::Post(WindowHandle window, unsigned message, std::uintptr_t wPar
     return PostMessageA(Hwnd(window), message, wParam, lParam) != 0;
 }
 
-WindowHandle WinWindows::FromPoint(Point point) { return Handle(WindowFromPoint(POINT{point.x, point.y})); }
-
-std::string WinWindows::Title(WindowHandle window) {
-    int length = GetWindowTextLengthA(Hwnd(window));
-    if (length <= 0) return "";
-    std::string title(static_cast<std::size_t>(length) + 1, '\0');
-    int copied = GetWindowTextA(Hwnd(window), title.data(), length + 1);
-    title.resize(static_cast<std::size_t>(std::max(copied, 0)));
-    return title;
-}

@@ -1,7 +1,8 @@
 #include "playback/hot_keys.h"
 
-#include "app/app.h"
+#include "core/app.h"
 #include "script/grid_rules.h"
+#include "script/step_grid.h"
 
 namespace {
 
@@ -49,10 +50,4 @@ void OnShiftNextTimer(App& app) {
     } else {
         LstAddNew(app, true, true);
     }
-}
-
-void OnCursorTimer(App& app) {
-    Point pointer = app.os.input.GetCursorPos();
-    app.ui.main.SetPanelText(2, std::to_string(pointer.x));
-    app.ui.main.SetPanelText(3, std::to_string(pointer.y));
 }

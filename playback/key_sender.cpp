@@ -2,16 +2,17 @@
 
 #include <initializer_list>
 
-#include "app/app.h"
-#include "app/error_log.h"
+#include "core/app.h"
+#include "core/error_log.h"
 #include "playback/key_letters.h"
 #include "playback/waits.h"
-#include "script/basic_text.h"
+#include "core/basic_text.h"
+#include "platform/win_constants.h"
 
 namespace {
 
 constexpr std::uint32_t kKeyDown = 0;
-constexpr std::uint32_t kKeyUp = 2;  // KEYEVENTF_KEYUP
+constexpr std::uint32_t kKeyUp = win::kKeyEventKeyUp;
 
 // The program's own key events must not be taken for hot keys or the stop key.
 void SetKeyTimers(App& app, bool enabled) {
@@ -29,10 +30,10 @@ std::uint8_t KeyOf(App& app, char character) {
 
 void TypeCharacter(App& app, char character, bool shifted) {
     std::uint8_t key = KeyOf(app, character);
-    if (shifted) Key(app, kVkShift, kKeyDown);
+    if (shifted) Key(app, win::kVkShift, kKeyDown);
     Key(app, key, kKeyDown);
     Key(app, key, kKeyUp);
-    if (shifted) Key(app, kVkShift, kKeyUp);
+    if (shifted) Key(app, win::kVkShift, kKeyUp);
 }
 
 bool NeedsShift(const App& app, char character) {
@@ -44,7 +45,7 @@ bool NeedsShift(const App& app, char character) {
 void PressFunctionKey(App& app, const std::string& text, std::size_t& position) {
     int digit = 0;
     if (position < text.size() && text[position] >= '0' && text[position] <= '9') digit = text[position] - '0';
-    std::uint8_t key = static_cast<std::uint8_t>(kVkFunctionBase + digit);
+    std::uint8_t key = static_cast<std::uint8_t>(win::kVkF1 - 1 + digit);
     Key(app, key, kKeyDown);
     Key(app, key, kKeyUp);
     ++position;
@@ -55,8 +56,8 @@ void RunCommand(App& app, char letter, bool press, const std::string& text, std:
         PressFunctionKey(app, text, position);
     } else if (letter == 'l') {
         // Caps Lock toggles with a full press; its release form is two key-ups.
-        Key(app, kVkCapsLock, press ? kKeyDown : kKeyUp);
-        Key(app, kVkCapsLock, kKeyUp);
+        Key(app, win::kVkCapital, press ? kKeyDown : kKeyUp);
+        Key(app, win::kVkCapital, kKeyUp);
     } else {
         Key(app, CommandKey(letter), press ? kKeyDown : kKeyUp);
     }

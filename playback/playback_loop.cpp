@@ -2,18 +2,19 @@
 
 #include <cstdint>
 
-#include "app/app.h"
-#include "app/error_log.h"
-#include "app/settings_store.h"
-#include "app/status_line.h"
+#include "core/app.h"
+#include "core/error_log.h"
+#include "core/settings.h"
+#include "core/status_line.h"
 #include "playback/key_sender.h"
 #include "playback/pointer_actions.h"
 #include "playback/random_value.h"
 #include "playback/run_controls.h"
 #include "playback/waits.h"
 #include "playback/window_command.h"
-#include "script/basic_text.h"
+#include "core/basic_text.h"
 #include "script/script_file.h"
+#include "script/step_grid.h"
 
 namespace {
 
@@ -164,7 +165,7 @@ void EndRun(App& app) {
     if (!app.stopRequested) StopButton(app);
     if (app.settings.startMin == 1) app.ui.main.SetState(WindowState::Normal);
     if (app.autoStarted) {
-        WriteIni(app, "MAIN", "AutoStart", "0", "");
+        WriteSetting(app, Setting::AutoStart, "0");
         LoadSet(app);
         app.autoStarted = false;
     }

@@ -5,25 +5,30 @@
 #include <cstdlib>
 #include <vector>
 
-#include "app/app.h"
-#include "app/error_log.h"
-#include "script/basic_text.h"
-#include "script/vocabulary.h"
+#include "core/app.h"
+#include "core/error_log.h"
+#include "core/basic_text.h"
+#include "core/vocabulary.h"
+#include "platform/win_constants.h"
 
 namespace {
 
-// MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE with the upper half set, as sent.
-constexpr std::uint32_t kAbsoluteMove = 0xFFFF8001;
+// An absolute move with the upper half of the flags set, as sent.
+constexpr std::uint32_t kAbsoluteMove = 0xFFFF0000 | win::kMouseAbsolute | win::kMouseMove;
 constexpr double kAbsoluteScale = 65535;
 // The pointer may be reported a pass late on a busy system; only a pointer
 // that stays put pass after pass is stuck, as at the screen's edge when the
 // target lies beyond it.
 constexpr int kStuckPasses = 20;
 
+constexpr std::uint32_t kLeftClick = win::kMouseLeftDown | win::kMouseLeftUp;
+constexpr std::uint32_t kRightClick = win::kMouseRightDown | win::kMouseRightUp;
+
 // mouse_event flags of each click action, in the order of kClickActions
 // ("No Click" ... "Right Up"); double clicks send both halves twice.
 const std::array<std::vector<std::uint32_t>, 9> kClickFlags{{
-    {}, {6}, {6, 6}, {2}, {4}, {24}, {24, 24}, {8}, {16},
+    {}, {kLeftClick}, {kLeftClick, kLeftClick}, {win::kMouseLeftDown}, {win::kMouseLeftUp},
+    {kRightClick}, {kRightClick, kRightClick}, {win::kMouseRightDown}, {win::kMouseRightUp},
 }};
 
 int Sign(int value) { return (value > 0) - (value < 0); }
@@ -40,7 +45,7 @@ struct Scale {
 void SScroll(App& app, int x, int y) {
     Trapped(app, "SScroll", [&] {
         InputDevice& input = app.os.input;
-        Scale scale{static_cast<double>(input.GetSystemMetrics(0)), static_cast<double>(input.GetSystemMetrics(1))};
+        Scale scale{static_cast<double>(input.GetSystemMetrics(win::kSmCxScreen)), static_cast<double>(input.GetSystemMetrics(win::kSmCyScreen))};
         int tx = scale.ToX(x), ty = scale.ToY(y);
         int ux = CLng(kAbsoluteScale / scale.width), uy = CLng(kAbsoluteScale / scale.height);
         Point previous{-1, -1};

@@ -4,9 +4,9 @@
 #include <cmath>
 #include <random>
 
-#include "app/app.h"
-#include "app/status_line.h"
-#include "script/basic_text.h"
+#include "core/app.h"
+#include "core/status_line.h"
+#include "core/basic_text.h"
 
 namespace {
 

@@ -2,7 +2,8 @@
 
 #include <initializer_list>
 
-#include "app/app.h"
+#include "core/app.h"
+#include "script/step_grid.h"
 
 namespace {
 

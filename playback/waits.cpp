@@ -3,10 +3,10 @@
 #include <cmath>
 #include <cstdio>
 
-#include "app/app.h"
-#include "app/error_log.h"
-#include "app/status_line.h"
-#include "script/basic_text.h"
+#include "core/app.h"
+#include "core/error_log.h"
+#include "core/status_line.h"
+#include "core/basic_text.h"
 
 namespace {
 

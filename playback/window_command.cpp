@@ -1,15 +1,11 @@
 #include "playback/window_command.h"
 
-#include "app/app.h"
-#include "script/basic_text.h"
+#include "core/app.h"
+#include "core/basic_text.h"
+#include "platform/win_constants.h"
 
 namespace {
 
-constexpr int kShowMinimised = 6;
-constexpr int kShowMaximised = 3;
-constexpr int kShowRestored = 9;
-constexpr unsigned kCloseMessage = 16;      // WM_CLOSE
-constexpr WindowHandle kBottomOfZOrder = 1;  // HWND_BOTTOM
 
 struct ParsedCommand {
     std::string command;
@@ -50,7 +46,7 @@ void MoveWindow(App& app, WindowHandle window, const ParsedCommand& parsed, int 
     double height = Val(parsed.height);
     int newWidth = width == -1 ? rect.right - rect.left : CLng(width);
     int newHeight = height == -1 ? rect.bottom - rect.top : CLng(height);
-    app.os.windows.SetPos(window, kBottomOfZOrder, left, top, newWidth, newHeight, 0);
+    app.os.windows.SetPos(window, win::kHwndBottom, left, top, newWidth, newHeight, 0);
 }
 
 }  // namespace
@@ -64,14 +60,14 @@ void WinCommand(App& app, const std::string& text, int x, int y) {
     if (command == "%winfoc") {
         windows.SetForeground(window);
     } else if (command == "%winmin") {
-        windows.Show(window, kShowMinimised);
+        windows.Show(window, win::kSwMinimize);
     } else if (command == "%winmax") {
-        windows.Show(window, kShowMaximised);
+        windows.Show(window, win::kSwShowMaximized);
     } else if (command == "%winrest") {
-        windows.Show(window, kShowRestored);
+        windows.Show(window, win::kSwRestore);
     } else if (command == "%winmov") {
         MoveWindow(app, window, parsed, x, y);
     } else if (command == "%winclose") {
-        windows.Post(window, kCloseMessage, 0, 0);
+        windows.Post(window, win::kWmClose, 0, 0);
     }
 }

@@ -2,10 +2,11 @@
 
 #include <string>
 
-#include "app/app.h"
-#include "app/error_log.h"
-#include "script/runtime_error.h"
-#include "script/vocabulary.h"
+#include "core/app.h"
+#include "core/error_log.h"
+#include "core/runtime_error.h"
+#include "core/vocabulary.h"
+#include "script/step_grid.h"
 
 namespace {
 

@@ -4,12 +4,13 @@
 #include <string_view>
 #include <vector>
 
-#include "app/app.h"
-#include "app/error_log.h"
-#include "app/status_line.h"
-#include "script/basic_text.h"
+#include "core/app.h"
+#include "core/error_log.h"
+#include "core/status_line.h"
+#include "core/basic_text.h"
 #include "script/grid_rules.h"
-#include "script/runtime_error.h"
+#include "core/runtime_error.h"
+#include "script/step_grid.h"
 
 namespace {
 
@@ -22,14 +23,14 @@ std::string ScriptText(const StepGrid& grid) {
     std::string text;
     text.reserve(static_cast<std::size_t>(grid.RowCount()) * 48);
     int number = 0;
-    for (int row = 1; row <= grid.RowCount(); ++row) {
-        if (grid.Mark(row) == kNewMark) continue;
-        text += grid.Checked(row) ? "True" : "False";
+    for (const StepRow& step : grid.Rows()) {
+        if (step.mark == kNewMark) continue;
+        text += step.checked ? "True" : "False";
         text += kFlagSeparator;
         text += std::to_string(++number);
         for (int column = kColX; column <= kColRepeat; ++column) {
             text += kFieldSeparator;
-            text += grid.Cell(row, column);
+            text += step.cells[static_cast<std::size_t>(column)];
         }
         text += kLineEnd;
     }

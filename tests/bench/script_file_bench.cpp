@@ -9,11 +9,11 @@ namespace {
 
 constexpr int kSteps = 100000;
 
-void FillGrid(FakeGrid& grid) {
+void FillGrid(StepGrid& grid) {
     grid.Clear();
     for (int row = 1; row <= kSteps; ++row) {
         std::string number = std::to_string(row);
-        grid.Add({number, number, "300", "Left Click", "hello%{TAB}world", "0", "1.5", "2"}, row % 7 != 0);
+        AppendStep(grid, {number, number, "300", "Left Click", "hello%{TAB}world", "0", "1.5", "2"}, row % 7 != 0);
     }
 }
 

@@ -10,7 +10,7 @@ target_link_libraries(kwdriver PRIVATE comctl32 winmm)
 target_link_options(kwdriver PRIVATE ${KW_STATIC_RUNTIME})
 
 foreach(fixture probe kwdriver)
-  target_compile_options(${fixture} PRIVATE -Wall -Wextra)
+  target_compile_options(${fixture} PRIVATE ${KW_WARNINGS})
   set_target_properties(${fixture} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
 endforeach()
 
@@ -29,11 +29,8 @@ if(KW_PYTHON3)
 endif()
 
 # Benchmark of the responsive wait, built on the program's own clock.
-add_executable(wait_bench ${CMAKE_CURRENT_LIST_DIR}/bench/wait_bench_win.cpp
-  ${CMAKE_SOURCE_DIR}/platform/clock_win.cpp ${CMAKE_SOURCE_DIR}/platform/message_pump_win.cpp
-  ${CMAKE_SOURCE_DIR}/platform/os_info_win.cpp)
-target_compile_definitions(wait_bench PRIVATE WINVER=0x0601 _WIN32_WINNT=0x0601 NOMINMAX WIN32_LEAN_AND_MEAN)
-target_compile_options(wait_bench PRIVATE -Wall -Wextra)
-target_link_libraries(wait_bench PRIVATE klickwerk_core comctl32 shlwapi uxtheme winmm)
+add_executable(wait_bench ${CMAKE_CURRENT_LIST_DIR}/bench/wait_bench_win.cpp)
+target_compile_options(wait_bench PRIVATE ${KW_WARNINGS})
+target_link_libraries(wait_bench PRIVATE kw_platform)
 target_link_options(wait_bench PRIVATE ${KW_STATIC_RUNTIME})
 set_target_properties(wait_bench PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})

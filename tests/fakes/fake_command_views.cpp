@@ -1,6 +1,6 @@
 #include "fakes/fake_command_views.h"
 
-#include "script/runtime_error.h"
+#include "core/runtime_error.h"
 
 std::optional<std::string> ScriptedDialogs::Answer(bool save, const FileDialogRequest& request) {
     shown.push_back({save, request});

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "app/about_box.h"
-#include "app/file_dialogs.h"
+#include "core/file_dialogs.h"
 
 // Records every dialog request and answers from a script: each answer is a
 // chosen path, or nothing for Cancel. With no answer left the user cancels.

@@ -86,10 +86,6 @@ std::string FakeClock::FormatShortDate(Date date) {
     return text;
 }
 
-bool FakeClock::ParseShortDate(const std::string& text, Date& date) {
-    return std::sscanf(text.c_str(), "%d/%d/%d", &date.month, &date.day, &date.year) == 3;
-}
-
 void FakeClock::RunTimersUntil(double endMs, const bool* stop) {
     while (!(stop && *stop)) {
         double due = view_.NextDue();

@@ -61,8 +61,6 @@ public:
                 unsigned flags) override;
     Rect GetRect(WindowHandle window) override { return rects[window]; }
     bool Post(WindowHandle window, unsigned message, std::uintptr_t wParam, std::intptr_t lParam) override;
-    WindowHandle FromPoint(Point) override { return foreground; }
-    std::string Title(WindowHandle window) override { return titles[window]; }
 
     std::map<WindowHandle, std::string> titles;
     std::map<WindowHandle, Rect> rects;
@@ -79,7 +77,6 @@ public:
     double Now() override { return originSeconds + nowMs / 1000.0; }
     Date Today() override { return today; }
     std::string FormatShortDate(Date date) override;
-    bool ParseShortDate(const std::string& text, Date& date) override;
     void Wait(double seconds, const bool& stop) override;
     void Yield() override;
     void Sleep(std::uint32_t milliseconds) override { Advance(milliseconds); }

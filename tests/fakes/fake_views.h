@@ -7,61 +7,9 @@
 #include <string>
 #include <vector>
 
-#include "app/main_view.h"
-#include "app/message_boxes.h"
+#include "core/main_view.h"
+#include "core/message_boxes.h"
 #include "script/step_grid.h"
-
-class FakeGrid : public StepGrid {
-public:
-    struct Row {
-        std::array<std::string, kColumnCount> cells;
-        bool checked = false;
-        std::string mark;
-        bool selected = false;
-        std::uint32_t colour = kButtonTextColour;
-    };
-    struct ColumnInfo {
-        std::string header;
-        double width;
-        bool centred;
-    };
-
-    int RowCount() const override { return static_cast<int>(rows.size()); }
-    void InsertRow(int row) override { rows.insert(rows.begin() + (row - 1), Row{}); }
-    void RemoveRow(int row) override { rows.erase(rows.begin() + (row - 1)); }
-    void Clear() override { rows.clear(); }
-    std::string Cell(int row, int column) const override { return At(row).cells.at(column); }
-    void SetCell(int row, int column, const std::string& text) override {
-        At(row).cells.at(column) = text;
-        if (onSetCell) onSetCell(row, column, text);
-    }
-    bool Checked(int row) const override { return At(row).checked; }
-    void SetChecked(int row, bool checked) override { At(row).checked = checked; }
-    std::string Mark(int row) const override { return At(row).mark; }
-    void SetMark(int row, const std::string& mark) override { At(row).mark = mark; }
-    bool Selected(int row) const override { return At(row).selected; }
-    void SetSelected(int row, bool selected) override { At(row).selected = selected; }
-    void SetRowColour(int row, std::uint32_t colour) override { At(row).colour = colour; }
-    void AddColumn(const std::string& header, double width, bool centred) override {
-        columns.push_back({header, width, centred});
-    }
-    int ColumnCount() const override { return static_cast<int>(columns.size()); }
-    double ColumnWidth(int column) const override { return columns.at(column).width; }
-
-    // Appends a row from its eight cell texts.
-    void Add(std::array<std::string, kColumnCount> cells, bool checked = true) {
-        rows.push_back(Row{cells, checked, "", false, kButtonTextColour});
-    }
-
-    std::vector<Row> rows;
-    std::vector<ColumnInfo> columns;
-    // Called after every cell write, to follow cells that change mid-run.
-    std::function<void(int row, int column, const std::string& text)> onSetCell;
-
-private:
-    Row& At(int row) { return rows.at(row - 1); }
-    const Row& At(int row) const { return rows.at(row - 1); }
-};
 
 class FakeMainView : public MainView {
 public:

@@ -32,8 +32,6 @@ public:
     bool WriteAtomically(const std::string& path, const std::string& data) override;
     bool Append(const std::string& path, const std::string& data) override { return inner_.Append(path, data); }
     bool Copy(const std::string& from, const std::string& to) override;
-    bool Remove(const std::string& path) override { return inner_.Remove(path); }
-    bool CreateFolder(const std::string& path) override { return inner_.CreateFolder(path); }
     std::vector<std::string> List(const std::string& pattern) override { return inner_.List(pattern); }
 
     bool failWrites = false;

@@ -39,3 +39,10 @@ void TestApp::WriteFile(const std::string& name, const std::string& data) const 
     std::filesystem::create_directories(NativePath(name).parent_path());
     std::ofstream(NativePath(name), std::ios::binary) << data;
 }
+
+void AppendStep(StepGrid& grid, const std::array<std::string, kColumnCount>& cells, bool checked) {
+    int row = grid.RowCount() + 1;
+    grid.InsertRow(row);
+    for (int column = 0; column < kColumnCount; ++column) grid.SetCell(row, column, cells[column]);
+    grid.SetChecked(row, checked);
+}

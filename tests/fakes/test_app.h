@@ -3,12 +3,16 @@
 #include <filesystem>
 #include <string>
 
-#include "app/app.h"
+#include "core/app.h"
 #include "fakes/fake_command_views.h"
 #include "fakes/fake_platform.h"
 #include "fakes/fake_views.h"
-#include "platform/ini_text_file.h"
-#include "platform/std_files.h"
+#include "fakes/ini_text_file.h"
+#include "fakes/std_files.h"
+#include "script/step_grid.h"
+
+// Appends a step from its eight cell texts.
+void AppendStep(StepGrid& grid, const std::array<std::string, kColumnCount>& cells, bool checked = true);
 
 class TestApp {
 public:
@@ -23,6 +27,9 @@ public:
     std::string ReadFile(const std::string& name) const;
     void WriteFile(const std::string& name, const std::string& data) const;
     bool Exists(const std::string& name) const { return std::filesystem::exists(NativePath(name)); }
+    void AddStep(const std::array<std::string, kColumnCount>& cells, bool checked = true) {
+        AppendStep(grid, cells, checked);
+    }
 
     std::filesystem::path folder;
     StdFiles files;
@@ -34,7 +41,7 @@ public:
     FakeMainView main;
     FakeClock clock{main};
     FakeOsInfo osInfo;
-    FakeGrid grid;
+    StepGrid grid;
     ScriptedBoxes boxes;
     ScriptedDialogs dialogs;
     FakeAboutView about;

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "script/basic_text.h"
-#include "script/runtime_error.h"
+#include "core/basic_text.h"
+#include "core/runtime_error.h"
 
 TEST(BasicText, ValReadsTheLeadingNumber) {
     struct Case {

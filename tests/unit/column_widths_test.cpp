@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "app/init.h"
-#include "app/settings_store.h"
+#include "core/settings.h"
 #include "editing/column_widths.h"
 #include "fakes/fake_startup.h"
 #include "fakes/test_app.h"
@@ -30,7 +30,7 @@ TEST_F(ColumnWidths, TheTimerRebuildsOnlyWhenTheTotalChanged) {
     t.app.columnWidths[0] = "stale";
     OnColResizeTimer(t.app);
     EXPECT_EQ(t.app.columnWidths[0], "stale");
-    t.grid.columns[4].width = 2000;
+    t.grid.SetColumnWidth(4, 2000);
     OnColResizeTimer(t.app);
     EXPECT_EQ(t.app.columnWidths[0], "800");
     EXPECT_EQ(t.app.columnWidths[4], "2000");

@@ -7,13 +7,13 @@ namespace {
 
 using Cells = std::array<std::string, kColumnCount>;
 
-void AddRows(FakeGrid& grid, std::initializer_list<const char*> numbers) {
-    for (const char* number : numbers) grid.Add({number, "5", "5", "Left Click", "k", "1", "1", "1"});
+void AddRows(StepGrid& grid, std::initializer_list<const char*> numbers) {
+    for (const char* number : numbers) AppendStep(grid, {number, "5", "5", "Left Click", "k", "1", "1", "1"});
 }
 
-std::vector<std::string> Numbers(const FakeGrid& grid) {
+std::vector<std::string> Numbers(const StepGrid& grid) {
     std::vector<std::string> numbers;
-    for (const auto& row : grid.rows) numbers.push_back(row.cells[kColNumber]);
+    for (const StepRow& row : grid.Rows()) numbers.push_back(row.cells[kColNumber]);
     return numbers;
 }
 
@@ -25,7 +25,7 @@ TEST(LstAddNew, AppendsADefaultStepAtTheEnd) {
     LstAddNew(t.app, true, false);
     ASSERT_EQ(t.grid.RowCount(), 3);
     Cells expected = {"3", "-1", "-1", "No Click", "", "0", "0", "0"};
-    EXPECT_EQ(t.grid.rows[2].cells, expected);
+    EXPECT_EQ(t.grid.Row(3).cells, expected);
     EXPECT_FALSE(t.grid.Checked(3));
     EXPECT_TRUE(t.grid.Selected(3));
 }

@@ -18,7 +18,7 @@ struct InitRun {
     }
     std::vector<double> Widths() const {
         std::vector<double> widths;
-        for (const auto& column : t.grid.columns) widths.push_back(column.width);
+        for (const GridColumn& column : t.grid.Columns()) widths.push_back(column.widthTwips);
         return widths;
     }
 };
@@ -44,7 +44,7 @@ TEST(Init, BuildsTheColumnsFromColumnWidths) {
     }
     InitRun run("");
     Strings headers;
-    for (const auto& column : run.t.grid.columns) {
+    for (const GridColumn& column : run.t.grid.Columns()) {
         headers.push_back(column.header);
         EXPECT_EQ(column.centred, column.header != "#");
     }
@@ -64,7 +64,7 @@ TEST(Init, BadColumnWidthsEndInitWithTheColumnsBuiltSoFar) {
     };
     for (const Case& c : cases) {
         InitRun run(c.setting);
-        EXPECT_EQ(run.t.grid.columns.size(), c.columns) << c.setting;
+        EXPECT_EQ(static_cast<std::size_t>(run.t.grid.ColumnCount()), c.columns) << c.setting;
         EXPECT_NE(run.t.ReadFile("Error.log").find(c.logged), std::string::npos) << c.setting;
         EXPECT_EQ(run.t.main.caption, "") << c.setting;
         EXPECT_TRUE(run.services.Called("LoadHookLibrary"));

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "app/settings_store.h"
+#include "core/settings.h"
 #include "app/startup.h"
 #include "fakes/fake_startup.h"
 #include "fakes/test_app.h"
@@ -52,7 +52,7 @@ TEST(MainLoad, MissingSettingsWritesDefaultsAfterTheDeclinedOffer) {
     EXPECT_EQ(r.services.calls,
               (Strings{"LoadHookLibrary", "ShowHint", "CheckForUpdates", "FinishLoad"}));
     EXPECT_TRUE(r.t.main.shown);
-    EXPECT_EQ(r.t.grid.columns.size(), 8u);
+    EXPECT_EQ(static_cast<std::size_t>(r.t.grid.ColumnCount()), 8u);
     EXPECT_FALSE(r.t.app.firstRunDemo);
 }
 

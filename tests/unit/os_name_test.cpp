@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "app/error_log.h"
+#include "core/error_log.h"
 #include "app/os_name.h"
 #include "fakes/test_app.h"
 

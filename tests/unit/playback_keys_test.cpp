@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "app/app.h"
+#include "core/app.h"
 #include "playback/key_letters.h"
 #include "playback/key_sender.h"
 #include "playback_rig.h"

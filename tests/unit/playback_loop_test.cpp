@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "app/app.h"
+#include "core/app.h"
 #include "playback/playback_loop.h"
 #include "playback/pointer_actions.h"
 #include "playback_rig.h"
@@ -54,7 +54,7 @@ TEST_F(Playback, ButtonPairingDecidesWhetherTheRunStarts) {
          false},
     };
     for (const Case& c : cases) {
-        t.grid.rows.clear();
+        t.grid.Clear();
         t.boxes.shown.clear();
         t.input.events.clear();
         t.main.panels[1].clear();
@@ -84,7 +84,7 @@ TEST_F(Playback, LocksTheWindowWhileRunningAndUnlocksItAfterwards) {
     AddStep("10", "20", "No Click", "", "0", "5");
     app.settings.startMin = 1;
     app.settings.mouseSaver = 1;
-    t.grid.rows[0].selected = true;
+    t.grid.SetSelected(1, true);
     bool checkedMidRun = false;
     At(2000, [&] {
         checkedMidRun = true;
@@ -97,7 +97,7 @@ TEST_F(Playback, LocksTheWindowWhileRunningAndUnlocksItAfterwards) {
         EXPECT_FALSE(t.main.TimerEnabled(Timer::ShiftNext));
         EXPECT_TRUE(t.main.TimerEnabled(Timer::MouseSaver));
         EXPECT_EQ(t.main.state, WindowState::Minimised);
-        EXPECT_FALSE(t.grid.rows[0].selected);
+        EXPECT_FALSE(t.grid.Selected(1));
         EXPECT_EQ(t.clock.fineTiming, 1);
     });
     StartButton(app);
@@ -114,23 +114,35 @@ TEST_F(Playback, ColoursPassedRowsAndCountsCheckedSteps) {
     AddStep("10", "20", "Left Click", "", "0", "1", "2");
     std::vector<std::uint32_t> coloursDuringLastStep;
     At(1500, [&] {
-        for (const auto& row : t.grid.rows) coloursDuringLastStep.push_back(row.colour);
+        for (const StepRow& row : t.grid.Rows()) coloursDuringLastStep.push_back(row.colour);
     });
     StartButton(app);
     EXPECT_EQ(coloursDuringLastStep, (std::vector<std::uint32_t>(3, kPlayedRowColour)));
-    for (const auto& row : t.grid.rows) EXPECT_EQ(row.colour, kButtonTextColour);
+    for (const StepRow& row : t.grid.Rows()) EXPECT_EQ(row.colour, kButtonTextColour);
     EXPECT_EQ(t.main.panels[5], "2");
     EXPECT_EQ(MouseEvents().size(), 4u);
 }
 
+// Follows the Repeat cell of row 1 through a run.
+struct RepeatCellWatch : StepGridObserver {
+    explicit RepeatCellWatch(StepGrid& watched) : grid(watched) { grid.SetObserver(this); }
+    ~RepeatCellWatch() override { grid.SetObserver(nullptr); }
+    void RowCountChanged() override {}
+    void RowChanged(int row) override {
+        const std::string& text = grid.Cell(row, kColRepeat);
+        if (row == 1 && (texts.empty() || texts.back() != text)) texts.push_back(text);
+    }
+    void SelectionChanged(int) override {}
+    void ColumnAdded(int) override {}
+    StepGrid& grid;
+    std::vector<std::string> texts;
+};
+
 TEST_F(Playback, RepeatTwoPerformsThreeTimesAndRestoresTheCell) {
     AddStep("10", "20", "Left Click", "ab", "0", "1", "2");
-    std::vector<std::string> repeatWrites;
-    t.grid.onSetCell = [&](int, int column, const std::string& text) {
-        if (column == kColRepeat) repeatWrites.push_back(text);
-    };
+    RepeatCellWatch watch(t.grid);
     StartButton(app);
-    EXPECT_EQ(repeatWrites, (std::vector<std::string>{"2", "1", "0", "-1", "2"}));
+    EXPECT_EQ(watch.texts, (std::vector<std::string>{"2", "1", "0", "-1", "2"}));
     EXPECT_EQ(MouseEvents().size(), 3u);
     EXPECT_EQ(KeyEvents().size(), 12u);
     EXPECT_EQ(t.clock.nowMs, 3 * 1100);
@@ -224,7 +236,7 @@ TEST_F(Playback, RepeatToggleReplaysUntilTheStopKey) {
     EXPECT_EQ(MouseEvents().size(), 4u);
     EXPECT_TRUE(app.stopRequested);
     EXPECT_TRUE(Idle());
-    for (const auto& row : t.grid.rows) EXPECT_EQ(row.colour, kButtonTextColour);
+    for (const StepRow& row : t.grid.Rows()) EXPECT_EQ(row.colour, kButtonTextColour);
 }
 
 TEST_F(Playback, SwitchingTheToggleOffMakesTheCurrentPassTheLast) {
@@ -334,7 +346,9 @@ TEST_F(SmoothMove, PlaybackSwitchesThePointerGuardOffDuringTheMove) {
     std::vector<bool> guardDuringMoves;
     t.input.onEvent = [&](const InputEvent& event) {
         if (event.kind == InputEvent::Mouse) guardDuringMoves.push_back(t.main.TimerEnabled(Timer::MouseSaver));
-        if (event.kind == InputEvent::SetPos) EXPECT_TRUE(t.main.TimerEnabled(Timer::MouseSaver));
+        if (event.kind == InputEvent::SetPos) {
+            EXPECT_TRUE(t.main.TimerEnabled(Timer::MouseSaver));
+        }
     };
     StartButton(app);
     ASSERT_GT(guardDuringMoves.size(), 90u);

@@ -5,7 +5,7 @@
 
 #include "fakes/test_app.h"
 #include "playback/random_value.h"
-#include "script/basic_text.h"
+#include "core/basic_text.h"
 
 namespace {
 

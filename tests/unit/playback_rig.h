@@ -8,9 +8,9 @@
 #include <string>
 #include <vector>
 
-#include "app/app.h"
+#include "core/app.h"
 #include "fakes/test_app.h"
-#include "playback/main_timers.h"
+#include "app/main_timers.h"
 
 class PlaybackRig : public ::testing::Test {
 protected:
@@ -37,7 +37,7 @@ protected:
                  const std::string& additional, const std::string& mins = "0", const std::string& secs = "0",
                  const std::string& repeat = "0", bool checked = true) {
         std::string number = std::to_string(t.grid.RowCount() + 1);
-        t.grid.Add({number, x, y, button, additional, mins, secs, repeat}, checked);
+        t.AddStep({number, x, y, button, additional, mins, secs, repeat}, checked);
     }
 
     std::vector<InputEvent> KeyEvents() const { return EventsOf(InputEvent::Key); }

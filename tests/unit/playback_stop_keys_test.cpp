@@ -3,10 +3,11 @@
 #include <string>
 #include <vector>
 
-#include "app/app.h"
+#include "core/app.h"
 #include "playback/hot_keys.h"
 #include "playback/playback_loop.h"
 #include "playback/run_controls.h"
+#include "app/stop_key_panel.h"
 #include "playback/stop_key.h"
 #include "playback_rig.h"
 
@@ -21,7 +22,7 @@ TEST_F(StopKeys, StopButtonRestoresTheIdleWindowInOrder) {
     LockForRun(app);
     t.main.SetTimer(Timer::MouseSaver, true);
     AddStep("1", "2", "No Click", "");
-    t.grid.rows[0].selected = true;
+    t.grid.SetSelected(1, true);
     StopButton(app);
     EXPECT_TRUE(app.stopRequested);
     EXPECT_FALSE(t.main.TimerEnabled(Timer::MouseSaver));
@@ -30,7 +31,7 @@ TEST_F(StopKeys, StopButtonRestoresTheIdleWindowInOrder) {
     for (Control control : {Control::Start, Control::Record, Control::RecOptions, Control::ToolSave,
                             Control::ToolLoad, Control::ToolSettings, Control::Grid})
         EXPECT_TRUE(t.main.IsEnabled(control));
-    EXPECT_FALSE(t.grid.rows[0].selected);
+    EXPECT_FALSE(t.grid.Selected(1));
 }
 
 TEST_F(StopKeys, TheStopKeyClicksRecordWhileRecordingAndStopOtherwise) {
@@ -99,44 +100,44 @@ protected:
 };
 
 TEST_F(HotKeys, FTwelveCopiesThePointerIntoEverySelectedRow) {
-    t.grid.rows[0].selected = true;
-    t.grid.rows[2].selected = true;
-    t.grid.rows[2].mark = "NEW";
+    t.grid.SetSelected(1, true);
+    t.grid.SetSelected(3, true);
+    t.grid.SetMark(3, "NEW");
     PressKeyAt(123, 0, 150);
     t.clock.Wait(0.2, app.stopRequested);
     for (int row : {0, 2}) {
-        EXPECT_EQ(t.grid.rows[row].cells[kColX], "321");
-        EXPECT_EQ(t.grid.rows[row].cells[kColY], "654");
-        EXPECT_TRUE(t.grid.rows[row].checked);
-        EXPECT_EQ(t.grid.rows[row].mark, "");
+        EXPECT_EQ(t.grid.Cell(row + 1, kColX), "321");
+        EXPECT_EQ(t.grid.Cell(row + 1, kColY), "654");
+        EXPECT_TRUE(t.grid.Checked(row + 1));
+        EXPECT_EQ(t.grid.Mark(row + 1), "");
     }
-    EXPECT_EQ(t.grid.rows[1].cells[kColX], "3");
-    EXPECT_FALSE(t.grid.rows[1].checked);
+    EXPECT_EQ(t.grid.Cell(2, kColX), "3");
+    EXPECT_FALSE(t.grid.Checked(2));
 }
 
 TEST_F(HotKeys, HotKeysSleepWhileRecording) {
     t.main.recordCaption = "ESCAPE TO STOP";
-    t.grid.rows[0].selected = true;
+    t.grid.SetSelected(1, true);
     t.main.panels[2] = "9";
     t.input.pressedKeys = {123, 121};
     OnHotkeyTimer(app);
-    EXPECT_EQ(t.grid.rows[0].cells[kColX], "1");
+    EXPECT_EQ(t.grid.Cell(1, kColX), "1");
     EXPECT_TRUE(t.boxes.shown.empty());
 }
 
 TEST_F(HotKeys, FTwelveDuringARunChangesNothing) {
-    for (auto& row : t.grid.rows) row.selected = true;
-    t.grid.rows[0].checked = true;
-    t.grid.rows[0].cells[kColSecs] = "1";
+    for (int row = 1; row <= t.grid.RowCount(); ++row) t.grid.SetSelected(row, true);
+    t.grid.SetChecked(1, true);
+    t.grid.SetCell(1, kColSecs, "1");
     PressKeyAt(123, 200);
     StartButton(app);
-    EXPECT_EQ(t.grid.rows[0].cells[kColX], "1");
-    EXPECT_FALSE(t.grid.rows[1].checked);
+    EXPECT_EQ(t.grid.Cell(1, kColX), "1");
+    EXPECT_FALSE(t.grid.Checked(2));
 }
 
 TEST_F(HotKeys, FTenPausesWithAPlainBox) {
-    t.grid.rows[0].checked = true;
-    t.grid.rows[0].cells[kColSecs] = "1";
+    t.grid.SetChecked(1, true);
+    t.grid.SetCell(1, kColSecs, "1");
     PressKeyAt(121, 300, 350);
     // The user reads the box for five seconds before pressing OK.
     t.boxes.onShow = [&](const ScriptedBoxes::Shown&) { t.clock.Sleep(5000); };
@@ -149,29 +150,29 @@ TEST_F(HotKeys, FTenPausesWithAPlainBox) {
 }
 
 TEST_F(HotKeys, FElevenMovesASingleSelectionOn) {
-    t.grid.rows[0].selected = true;
+    t.grid.SetSelected(1, true);
     t.input.pressedKeys = {122};
     OnShiftNextTimer(app);
-    EXPECT_FALSE(t.grid.rows[0].selected);
-    EXPECT_TRUE(t.grid.rows[1].selected);
+    EXPECT_FALSE(t.grid.Selected(1));
+    EXPECT_TRUE(t.grid.Selected(2));
     OnShiftNextTimer(app);
     OnShiftNextTimer(app);
     ASSERT_EQ(t.grid.RowCount(), 4);
-    EXPECT_TRUE(t.grid.rows[3].selected);
-    EXPECT_FALSE(t.grid.rows[2].selected);
-    EXPECT_EQ(t.grid.rows[3].mark, "NEW");
+    EXPECT_TRUE(t.grid.Selected(4));
+    EXPECT_FALSE(t.grid.Selected(3));
+    EXPECT_EQ(t.grid.Mark(4), "NEW");
 }
 
 TEST_F(HotKeys, FElevenIgnoresNoneOrSeveralSelected) {
     t.input.pressedKeys = {122};
     OnShiftNextTimer(app);
-    t.grid.rows[0].selected = true;
-    t.grid.rows[2].selected = true;
+    t.grid.SetSelected(1, true);
+    t.grid.SetSelected(3, true);
     OnShiftNextTimer(app);
     EXPECT_EQ(t.grid.RowCount(), 3);
-    EXPECT_TRUE(t.grid.rows[0].selected);
-    EXPECT_FALSE(t.grid.rows[1].selected);
-    EXPECT_TRUE(t.grid.rows[2].selected);
+    EXPECT_TRUE(t.grid.Selected(1));
+    EXPECT_FALSE(t.grid.Selected(2));
+    EXPECT_TRUE(t.grid.Selected(3));
 }
 
 }  // namespace

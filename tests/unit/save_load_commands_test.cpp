@@ -3,8 +3,8 @@
 #include "app/save_load_commands.h"
 #include "app/toolbar_commands.h"
 #include "fakes/test_app.h"
-#include "script/basic_text.h"
-#include "script/runtime_error.h"
+#include "core/basic_text.h"
+#include "core/runtime_error.h"
 
 namespace {
 
@@ -15,8 +15,8 @@ const std::string kTwoSteps =
 class SaveLoadTest : public ::testing::Test {
 protected:
     void AddSteps() {
-        t.grid.Add({"1", "10", "20", "Left Click", "abc", "0", "1", "0"});
-        t.grid.Add({"2", "30", "40", "No Click", "", "0", "2", "3"}, false);
+        t.AddStep({"1", "10", "20", "Left Click", "abc", "0", "1", "0"});
+        t.AddStep({"2", "30", "40", "No Click", "", "0", "2", "3"}, false);
     }
     std::string LastLogLine() const {
         std::string log = t.ReadFile("Error.log");
@@ -199,7 +199,7 @@ TEST_F(SaveLoadTest, LoadRefusesFilesThatAreNotScripts) {
     };
     for (const Case& c : cases) {
         TestApp fresh;
-        fresh.grid.Add({"1", "10", "20", "Left Click", "abc", "0", "1", "0"});
+        fresh.AddStep({"1", "10", "20", "Left Click", "abc", "0", "1", "0"});
         fresh.WriteFile("Data.dat", kTwoSteps);
         fresh.WriteFile(c.name, c.content);
         fresh.dialogs.answers.push_back(fresh.Path(c.name));

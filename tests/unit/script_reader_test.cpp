@@ -53,11 +53,11 @@ std::vector<ReaderCase> ReaderCases() {
     };
 }
 
-void ExpectRows(const FakeGrid& grid, const std::vector<Row>& rows, const std::string& name) {
+void ExpectRows(const StepGrid& grid, const std::vector<Row>& rows, const std::string& name) {
     ASSERT_EQ(grid.RowCount(), static_cast<int>(rows.size())) << name;
     for (int row = 1; row <= grid.RowCount(); ++row) {
         const Row& want = rows[row - 1];
-        EXPECT_EQ(grid.rows[row - 1].cells, want.cells) << name << " row " << row;
+        EXPECT_EQ(grid.Row(row).cells, want.cells) << name << " row " << row;
         EXPECT_EQ(grid.Checked(row), want.checked) << name << " row " << row;
         EXPECT_EQ(grid.Mark(row), "") << name << " row " << row;
     }
@@ -82,7 +82,7 @@ TEST(ReadData, AppendsWhatEachLineHolds) {
 
 TEST(ReadData, AppendsAfterTheRowsAlreadyThere) {
     TestApp t;
-    t.grid.Add({"1", "5", "5", "Left Click", "", "0", "0", "0"});
+    t.AddStep({"1", "5", "5", "Left Click", "", "0", "0", "0"});
     t.WriteFile("Data.dat", kPlainLine + "\r\n");
     ASSERT_TRUE(ReadData(t.app, "", false));
     ASSERT_EQ(t.grid.RowCount(), 2);
@@ -115,7 +115,7 @@ TEST(ReadData, OverwriteFillsExistingRowsOnly) {
     for (const Case& c : cases) {
         TestApp t;
         for (int row = 1; row <= c.rows; ++row) {
-            t.grid.Add({"9", "old", "old", "Left Up", "old", "9", "9", "9"}, false);
+            t.AddStep({"9", "old", "old", "Left Up", "old", "9", "9", "9"}, false);
             t.grid.SetMark(row, "NEW");
         }
         std::string file;
@@ -154,7 +154,9 @@ TEST(ReadData, SurvivesBinaryAndHugeFiles) {
         TestApp t;
         t.WriteFile("Data.dat", c.file);
         EXPECT_TRUE(ReadData(t.app, "", false)) << c.name;
-        if (c.rows >= 0) EXPECT_EQ(t.grid.RowCount(), c.rows) << c.name;
+        if (c.rows >= 0) {
+            EXPECT_EQ(t.grid.RowCount(), c.rows) << c.name;
+        }
     }
     TestApp t;
     t.WriteFile("Data.dat", "True|||1||0||0||No Click||" + huge + "||0||0||0\r\n");

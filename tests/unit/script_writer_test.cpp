@@ -31,8 +31,8 @@ int ErrorLines(const TestApp& t, const std::string& label) {
 
 TEST(SaveData, WritesOneCanonicalLinePerStep) {
     TestApp t;
-    t.grid.Add(kNewStep);
-    t.grid.Add({"2", "RND(1,5,0)", "300", "Left DblClick", "%winfoc Notepad", "1", "2.5", "3"}, false);
+    t.AddStep(kNewStep);
+    t.AddStep({"2", "RND(1,5,0)", "300", "Left DblClick", "%winfoc Notepad", "1", "2.5", "3"}, false);
     ASSERT_TRUE(SaveData(t.app, false));
     EXPECT_EQ(t.ReadFile("Data.dat"),
               "True|||1||-1||-1||No Click||||0||0||0\r\n"
@@ -41,7 +41,7 @@ TEST(SaveData, WritesOneCanonicalLinePerStep) {
 
 TEST(SaveData, NumbersLinesByPositionAndReadsThemBackSo) {
     TestApp t;
-    for (const char* number : {"5", "9", "12"}) t.grid.Add({number, "1", "2", "Left Click", "a", "0", "1", "0"});
+    for (const char* number : {"5", "9", "12"}) t.AddStep({number, "1", "2", "Left Click", "a", "0", "1", "0"});
     ASSERT_TRUE(SaveData(t.app, false));
     EXPECT_EQ(t.ReadFile("Data.dat").substr(0, 8), "True|||1");
     t.grid.Clear();
@@ -52,9 +52,9 @@ TEST(SaveData, NumbersLinesByPositionAndReadsThemBackSo) {
 
 TEST(SaveData, RoundTripGivesIdenticalBytes) {
     TestApp t;
-    t.grid.Add({"1", "10", "20", "Right Down", "  padded text  ", "0", "0", "0"});
-    t.grid.Add({"2", "-1", "-1", "Right Up", "a|b", "RND(0,1,2)", "0.5", "-1"}, false);
-    t.grid.Add({"3", "", "", "", "", "", "", ""});
+    t.AddStep({"1", "10", "20", "Right Down", "  padded text  ", "0", "0", "0"});
+    t.AddStep({"2", "-1", "-1", "Right Up", "a|b", "RND(0,1,2)", "0.5", "-1"}, false);
+    t.AddStep({"3", "", "", "", "", "", "", ""});
     ASSERT_TRUE(SaveData(t.app, false));
     std::string first = t.ReadFile("Data.dat");
     t.grid.Clear();
@@ -67,9 +67,9 @@ TEST(SaveData, RoundTripGivesIdenticalBytes) {
 TEST(SaveData, NeverWritesNewRowsAndPurgeRemovesThem) {
     for (bool purge : {false, true}) {
         TestApp t;
-        t.grid.Add({"1", "1", "1", "No Click", "", "0", "0", "0"});
+        t.AddStep({"1", "1", "1", "No Click", "", "0", "0", "0"});
         LstAddNew(t.app, true, true);
-        t.grid.Add({"3", "3", "3", "No Click", "", "0", "0", "0"});
+        t.AddStep({"3", "3", "3", "No Click", "", "0", "0", "0"});
         ASSERT_EQ(t.grid.Mark(2), "NEW");
         ASSERT_TRUE(SaveData(t.app, purge));
         EXPECT_EQ(t.ReadFile("Data.dat"),
@@ -85,7 +85,7 @@ TEST(SaveData, NeverWritesNewRowsAndPurgeRemovesThem) {
 
 TEST(SaveData, ShowsItsProgressAndRestoresTheWindow) {
     ProbedTestApp p;
-    p.base.grid.Add(kNewStep);
+    p.base.AddStep(kNewStep);
     bool hiddenWhileWriting = false;
     bool busyWhileWriting = false;
     p.files.onWrite = [&](const std::string&) {
@@ -115,7 +115,7 @@ TEST(SaveData, FailedWriteKeepsThePreviousFileAndReportsFailure) {
     ProbedTestApp p;
     const std::string previous = "False|||1||7||7||Left Up||||0||0||0\r\n";
     p.base.WriteFile("Data.dat", previous);
-    p.base.grid.Add(kNewStep);
+    p.base.AddStep(kNewStep);
     p.files.failWrites = true;
     EXPECT_FALSE(SaveData(p.app, false));
     EXPECT_EQ(p.base.ReadFile("Data.dat"), previous);
@@ -128,7 +128,7 @@ TEST(SaveData, FailedWriteKeepsThePreviousFileAndReportsFailure) {
 TEST(SaveData, WorkingCopyInAMissingFolderFailsWithoutCrashing) {
     TestApp t;
     t.app.scriptStorePath = t.Path("no such folder\\Data.dat");
-    t.grid.Add(kNewStep);
+    t.AddStep(kNewStep);
     EXPECT_FALSE(SaveData(t.app, false));
     EXPECT_EQ(ErrorLines(t, "SaveData"), 1);
 }

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "app/settings_store.h"
+#include "core/settings.h"
 #include "fakes/probe_seams.h"
 
 namespace {

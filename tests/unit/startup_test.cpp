@@ -9,11 +9,6 @@ namespace {
 
 using Strings = std::vector<std::string>;
 
-Strings Texts(const ScriptedBoxes& boxes) {
-    Strings texts;
-    for (const auto& box : boxes.shown) texts.push_back(box.text);
-    return texts;
-}
 
 }  // namespace
 
@@ -110,7 +105,7 @@ TEST(MainSub, TurnsVisualStylesOnOnlyWhereTheSystemDrawsThem) {
 
 TEST(CloseMainWindow, FailedSaveCancelsTheClose) {
     TestApp t;
-    t.grid.Add({"1", "-1", "-1", "No Click", "", "0", "0", "0"});
+    t.AddStep({"1", "-1", "-1", "No Click", "", "0", "0", "0"});
     t.app.scriptStorePath = t.Path("no such folder\\Data.dat");
     FakeStartupServices services(t.app);
     EXPECT_FALSE(CloseMainWindow(t.app, services));
@@ -122,8 +117,8 @@ TEST(CloseMainWindow, FailedSaveCancelsTheClose) {
 TEST(CloseMainWindow, SavesReleasesAndUnloads) {
     for (int onTop : {0, 1}) {
         TestApp t;
-        t.grid.Add({"1", "-1", "-1", "No Click", "", "0", "0", "0"});
-        t.grid.Add({"2", "-1", "-1", "No Click", "", "0", "0", "0"});
+        t.AddStep({"1", "-1", "-1", "No Click", "", "0", "0", "0"});
+        t.AddStep({"2", "-1", "-1", "No Click", "", "0", "0", "0"});
         t.grid.SetMark(1, "NEW");
         t.app.settings.onTop = onTop;
         t.main.topmost = true;

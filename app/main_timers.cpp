@@ -1,11 +1,22 @@
-#include "playback/main_timers.h"
+#include "app/main_timers.h"
 
-#include "app/app.h"
-#include "app/status_line.h"
+#include "core/app.h"
+#include "core/status_line.h"
 #include "editing/column_widths.h"
 #include "playback/hot_keys.h"
 #include "playback/stop_key.h"
 #include "playback/waits.h"
+
+namespace {
+
+// tmrCursorPos's tick: the pointer position in status-bar panels 2 and 3.
+void OnCursorTimer(App& app) {
+    Point pointer = app.os.input.GetCursorPos();
+    app.ui.main.SetPanelText(2, std::to_string(pointer.x));
+    app.ui.main.SetPanelText(3, std::to_string(pointer.y));
+}
+
+}  // namespace
 
 const TimerSetup kMainTimers[7] = {
     {Timer::Stop, 20, false},       {Timer::Hotkey, 100, true}, {Timer::ShiftNext, 200, true},

@@ -1,4 +1,4 @@
-#include "platform/std_files.h"
+#include "fakes/std_files.h"
 
 #include <cctype>
 #include <cstdio>
@@ -78,17 +78,6 @@ bool StdFiles::Append(const std::string& path, const std::string& data) {
 bool StdFiles::Copy(const std::string& from, const std::string& to) {
     std::error_code error;
     fs::copy_file(Native(from), Native(to), fs::copy_options::overwrite_existing, error);
-    return !error;
-}
-
-bool StdFiles::Remove(const std::string& path) {
-    std::error_code error;
-    return fs::remove(Native(path), error);
-}
-
-bool StdFiles::CreateFolder(const std::string& path) {
-    std::error_code error;
-    fs::create_directories(Native(path), error);
     return !error;
 }
 

@@ -7,11 +7,12 @@
 #include <functional>
 #include <string>
 
-#include "app/about_box.h"
-#include "app/command_seams.h"
-#include "app/file_dialogs.h"
-#include "app/main_view.h"
-#include "app/message_boxes.h"
+#include "core/about_view.h"
+#include "core/command_seams.h"
+#include "core/file_dialogs.h"
+#include "core/main_view.h"
+#include "core/message_boxes.h"
+#include "core/vocabulary.h"
 #include "platform/clock.h"
 #include "platform/files.h"
 #include "platform/input_device.h"
@@ -20,7 +21,9 @@
 #include "platform/settings_file.h"
 #include "platform/shell.h"
 #include "platform/window_system.h"
-#include "script/step_grid.h"
+
+// The steps live in the script layer above; the context only refers to them.
+class StepGrid;
 
 struct Platform {
     Files& files;
@@ -58,6 +61,8 @@ struct SettingValues {
 };
 
 struct App {
+    App(Platform& platform, Views& views) : os(platform), ui(views) {}
+
     Platform& os;
     Views& ui;
 

@@ -1,11 +1,11 @@
-#include "script/basic_text.h"
+#include "core/basic_text.h"
 
 #include <cctype>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
 
-#include "script/runtime_error.h"
+#include "core/runtime_error.h"
 
 namespace {
 
@@ -118,12 +118,6 @@ std::string Trim(std::string_view text) {
 std::string Lower(std::string_view text) {
     std::string result(text);
     for (char& c : result) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-    return result;
-}
-
-std::string Upper(std::string_view text) {
-    std::string result(text);
-    for (char& c : result) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
     return result;
 }
 

@@ -1,4 +1,4 @@
-#include "script/runtime_error.h"
+#include "core/runtime_error.h"
 
 void RaiseTypeMismatch() { throw RuntimeError(errors::kTypeMismatch, "Type mismatch"); }
 void RaiseOverflow() { throw RuntimeError(errors::kOverflow, "Overflow"); }

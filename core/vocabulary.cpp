@@ -1,6 +1,9 @@
-#include "script/vocabulary.h"
+#include "core/vocabulary.h"
 
-#include "script/basic_text.h"
+#include <cctype>
+
+const std::array<const char*, kColumnCount> kColumnHeaders = {"#", "X", "Y", "Button", "Additional",
+                                                            "Mins", "Secs", "Repeat"};
 
 const std::array<const char*, 9> kClickActions = {
     "No Click",  "Left Click",     "Left DblClick", "Left Down", "Left Up",
@@ -22,6 +25,17 @@ constexpr StopKey kStopKeys[] = {
 };
 
 constexpr int kStopKeyChoiceCount = 9;  // "F1" to "F9" after "ESCAPE"
+
+struct LetterKey {
+    char letter;
+    std::uint8_t key;
+};
+
+// Every command letter but "f" with the virtual key it presses.
+constexpr LetterKey kCommandLetters[] = {
+    {'a', 18}, {'c', 17}, {'e', 27}, {'r', 13}, {'s', 16}, {'t', 9},  {'d', 46}, {'l', 20}, {'b', 8},
+    {'n', 35}, {'h', 36}, {'u', 33}, {'j', 34}, {';', 38}, {'.', 40}, {',', 37}, {'/', 39}, {'w', 91},
+};
 
 }  // namespace
 
@@ -45,14 +59,21 @@ std::vector<std::string> StopKeyChoices() {
     return choices;
 }
 
-std::vector<std::string> CommandLetterList() { return Split("a c e r s t d b n h u j ; . , / w", " "); }
-
-std::vector<std::string> KeyNameList() {
-    return Split("Alt,Ctrl,Escape,Return,Shift,Tab,Delete,Backspace,End,Home,Page Up,Page Down,"
-                 "Up Arrow,Down Arrow,Left Arrow,Right Arrow,Windows Key",
-                 ",");
+bool IsCommandLetter(char character) {
+    char lowered = static_cast<char>(std::tolower(static_cast<unsigned char>(character)));
+    return lowered == 'f' || (lowered != '\0' && CommandKey(lowered) != 0);
 }
 
-std::vector<std::string> WindowCommandList() {
-    return Split("%winfoc,%winmin,%winmax,%winrest,%winmov,%winclose", ",");
+std::uint8_t CommandKey(char letter) {
+    for (const LetterKey& entry : kCommandLetters) {
+        if (entry.letter == letter) return entry.key;
+    }
+    return 0;
+}
+
+char CommandLetterOfKey(int virtualKey) {
+    for (const LetterKey& entry : kCommandLetters) {
+        if (entry.key == virtualKey) return entry.letter;
+    }
+    return '\0';
 }

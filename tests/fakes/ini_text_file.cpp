@@ -1,9 +1,9 @@
-#include "platform/ini_text_file.h"
+#include "fakes/ini_text_file.h"
 
 #include <optional>
 #include <vector>
 
-#include "script/basic_text.h"
+#include "core/basic_text.h"
 
 namespace {
 

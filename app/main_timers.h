@@ -1,7 +1,7 @@
 #pragma once
 // The main window's timers: their intervals and states at creation, and the
 // handler each one's tick runs.
-#include "app/main_view.h"
+#include "core/main_view.h"
 
 struct App;
 

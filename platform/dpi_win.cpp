@@ -1,6 +1,6 @@
-#include "app/dpi_win.h"
+#include "platform/dpi_win.h"
 
-#include "app/layout.h"
+#include "platform/twips.h"
 
 namespace {
 using GetDpiForWindowProc = UINT(WINAPI*)(HWND);

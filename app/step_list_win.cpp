@@ -1,9 +1,9 @@
-#include "script/step_grid_win.h"
+#include "app/step_list_win.h"
 
 #include <algorithm>
 #include <stdexcept>
 
-#include "script/runtime_error.h"
+#include "core/runtime_error.h"
 
 namespace {
 constexpr DWORD kListStyle = WS_CHILD | WS_VISIBLE | WS_TABSTOP | LVS_REPORT | LVS_SHOWSELALWAYS;

@@ -4,7 +4,7 @@
 #include <string>
 #include <utility>
 
-#include "script/runtime_error.h"
+#include "core/runtime_error.h"
 
 struct App;
 

@@ -1,6 +1,6 @@
-#include "app/status_line.h"
+#include "core/status_line.h"
 
-#include "app/app.h"
+#include "core/app.h"
 
 void ShowStatus(App& app, const std::string& text, bool inBox, bool longDelay, int durationMs) {
     app.ui.main.SetPanelText(1, text);

@@ -1,7 +1,7 @@
-#include "app/error_log.h"
+#include "core/error_log.h"
 
-#include "app/app.h"
-#include "app/status_line.h"
+#include "core/app.h"
+#include "core/status_line.h"
 
 namespace {
 std::string Fields(const std::string& description, long number, const std::string& label, long line) {

@@ -1,0 +1,42 @@
+#include "app/stop_key_panel.h"
+
+#include "core/app.h"
+#include "core/settings.h"
+#include "core/status_line.h"
+#include "core/vocabulary.h"
+#include "platform/win_constants.h"
+
+namespace {
+
+void ShowStopKeyPanel(App& app, bool open) {
+    app.ui.main.SetFrameVisible(Frame::StopKey, open);
+    app.ui.main.SetFrameVisible(Frame::Main, !open);
+}
+
+}  // namespace
+
+void ChangeStopKey(App& app, const std::string& name) {
+    app.stopKeyCode = StopKeyCodeOf(name);
+    // F6 has no code, so the panel and the notice show the empty name.
+    std::string shownName = StopKeyName(app.stopKeyCode);
+    app.ui.main.SetPanelText(4, shownName);
+    WriteSetting(app, Setting::StopKey, std::to_string(app.stopKeyCode));
+    ShowStatus(app, "StopKey successfully changed to " + shownName);
+    CloseStopKeyPanel(app);
+}
+
+void OpenStopKeyPanel(App& app) { ShowStopKeyPanel(app, true); }
+
+void CloseStopKeyPanel(App& app) { ShowStopKeyPanel(app, false); }
+
+bool OnStopKeyListKey(App& app, int keyCode, const std::string& chosenName) {
+    if (keyCode == win::kVkReturn) {
+        ChangeStopKey(app, chosenName);
+        return true;
+    }
+    if (keyCode == win::kVkEscape) {
+        CloseStopKeyPanel(app);
+        return true;
+    }
+    return false;
+}
