@@ -249,8 +249,7 @@ void MainWindow::OnTimer(UINT_PTR id) {
 LRESULT MainWindow::OnNotify(NMHDR& header) {
     LRESULT result = 0;
     if (toolbar_.OnNotify(&header, result)) return result;
-    if (header.hwndFrom == grid_.Handle() && header.code == NM_CUSTOMDRAW)
-        return grid_.OnCustomDraw(reinterpret_cast<NMLVCUSTOMDRAW&>(header));
+    if (header.hwndFrom == grid_.Handle()) return grid_.OnNotify(header);
     if (header.hwndFrom == statusBar_.Handle() && header.code == NM_CLICK && handlers.panelClick) {
         if (int panel = PanelUnderPointer(statusBar_.Handle())) handlers.panelClick(panel);
     }

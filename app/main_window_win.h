@@ -15,10 +15,10 @@
 #include "core/main_view.h"
 #include "app/receiver_window_win.h"
 #include "app/status_bar_win.h"
+#include "app/step_list_win.h"
 #include "app/stop_key_frame_win.h"
 #include "app/toolbar_win.h"
 #include "app/window_timers_win.h"
-#include "app/step_list_win.h"
 
 struct MainWindowHandlers {
     // A button's click (cmdStart, cmdStop, cmdRecord, cmdRecOptions, cmdRepeat).
@@ -37,7 +37,7 @@ struct MainWindowHandlers {
 
 class MainWindow : public BaseWindow<MainWindow>, public MainView {
 public:
-    MainWindow(StepGridWin& grid, AboutFrameWin& about) : grid_(grid), about_(about) {}
+    MainWindow(StepListWin& grid, AboutFrameWin& about) : grid_(grid), about_(about) {}
     ~MainWindow() override;
 
     // Creates the window hidden, centred on the screen, with all its controls.
@@ -93,7 +93,7 @@ private:
     void OnMinMaxInfo(MINMAXINFO& info) const;
     bool OnSetCursor();
 
-    StepGridWin& grid_;
+    StepListWin& grid_;
     AboutFrameWin& about_;
     ToolbarWin toolbar_;
     StatusBarWin statusBar_;

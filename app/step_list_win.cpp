@@ -1,23 +1,18 @@
 #include "app/step_list_win.h"
 
 #include <algorithm>
-#include <stdexcept>
-
-#include "core/runtime_error.h"
 
 namespace {
-constexpr DWORD kListStyle = WS_CHILD | WS_VISIBLE | WS_TABSTOP | LVS_REPORT | LVS_SHOWSELALWAYS;
+constexpr DWORD kListStyle = WS_CHILD | WS_VISIBLE | WS_TABSTOP | LVS_REPORT | LVS_SHOWSELALWAYS | LVS_OWNERDATA;
 // No double buffering: the control then leaves its background to
 // WM_ERASEBKGND, where the grid's picture is tiled.
 constexpr DWORD kListExStyle = LVS_EX_CHECKBOXES | LVS_EX_FULLROWSELECT | LVS_EX_GRIDLINES;
-// Painting stops while rows change in bulk and comes back when the program
-// is idle again: WM_TIMER arrives only when no other message waits.
-constexpr UINT_PTR kRedrawTimerId = 1;
-constexpr UINT kRedrawDelayMs = 50;
+// Posted to the list when the steps changed; it arrives once the program
+// is idle again, however many changes came before it.
+constexpr UINT kShowChanges = WM_APP + 1;
 // The state-image indexes of the check boxes.
 constexpr UINT kUnchecked = INDEXTOSTATEIMAGEMASK(1);
 constexpr UINT kChecked = INDEXTOSTATEIMAGEMASK(2);
-constexpr std::size_t kFirstTextBuffer = 256;
 
 // Colours with the top bit set name a system colour by its index.
 COLORREF ScreenColour(std::uint32_t colour) {
@@ -26,7 +21,7 @@ COLORREF ScreenColour(std::uint32_t colour) {
 }
 
 // The picture is drawn for 96 DPI; other DPIs get it scaled.
-HBITMAP ScaledCopy(HBITMAP source, int dpi, SIZE& size) {
+OwnedBitmap ScaledCopy(HBITMAP source, int dpi, SIZE& size) {
     BITMAP info{};
     GetObjectA(source, sizeof info, &info);
     size = {std::max(1, MulDiv(info.bmWidth, dpi, 96)), std::max(1, MulDiv(info.bmHeight, dpi, 96))};
@@ -43,7 +38,7 @@ HBITMAP ScaledCopy(HBITMAP source, int dpi, SIZE& size) {
     DeleteDC(from);
     DeleteDC(to);
     ReleaseDC(nullptr, screen);
-    return copy;
+    return OwnedBitmap(copy);
 }
 
 // Tiles the picture so that it moves with the rows when they scroll.
@@ -66,222 +61,236 @@ void PaintBackground(HWND list, HDC dc, HBRUSH picture, SIZE tile) {
 // The list view's own window procedure is wrapped by hand: the common
 // controls' subclass helper looks its data up in a window property on every
 // message, which Wine answers through its server.
-LRESULT CALLBACK StepGridWin::ListProc(HWND list, UINT message, WPARAM wParam, LPARAM lParam) {
-    auto* grid = reinterpret_cast<StepGridWin*>(GetWindowLongPtrW(list, GWLP_USERDATA));
-    if (!grid) return DefWindowProcW(list, message, wParam, lParam);
-    if (message == WM_ERASEBKGND && grid->picture_) {
-        PaintBackground(list, reinterpret_cast<HDC>(wParam), grid->picture_, grid->pictureSize_);
+LRESULT CALLBACK StepListWin::ListProc(HWND list, UINT message, WPARAM wParam, LPARAM lParam) {
+    auto* self = reinterpret_cast<StepListWin*>(GetWindowLongPtrW(list, GWLP_USERDATA));
+    if (!self) return DefWindowProcW(list, message, wParam, lParam);
+    if (message == WM_ERASEBKGND && self->picture_) {
+        PaintBackground(list, reinterpret_cast<HDC>(wParam), self->picture_.Get(), self->pictureSize_);
         return TRUE;
     }
-    if (message == WM_TIMER && wParam == kRedrawTimerId) {
-        grid->ResumeRedraw();
+    if (message == kShowChanges) {
+        self->ApplyPendingChanges();
         return 0;
     }
-    WNDPROC original = grid->listProc_;
+    WNDPROC original = self->listProc_;
     if (message == WM_NCDESTROY) {
         SetWindowLongPtrW(list, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(original));
         SetWindowLongPtrW(list, GWLP_USERDATA, 0);
     }
-    return CallWindowProcW(original, list, message, wParam, lParam);
+    LRESULT result = CallWindowProcW(original, list, message, wParam, lParam);
+    // The header is the list's own child, so its news of a dragged column
+    // edge arrives here.
+    if (message == WM_NOTIFY) self->TakeUserColumnWidths();
+    return result;
 }
 
-StepGridWin::~StepGridWin() {
-    if (picture_) DeleteObject(picture_);
-    if (pictureSource_) DeleteObject(pictureSource_);
-}
+StepListWin::~StepListWin() { steps_.SetObserver(nullptr); }
 
-bool StepGridWin::Create(HWND parent, int id, int dpi, HBITMAP background) {
+bool StepListWin::Create(HWND parent, int id, int dpi, HBITMAP background) {
     dpi_ = dpi;
+    pictureSource_.Reset(background);
     list_ = CreateWindowExA(WS_EX_CLIENTEDGE, WC_LISTVIEWA, "", kListStyle, 0, 0, 0, 0, parent,
                             reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), GetModuleHandleA(nullptr), nullptr);
     if (!list_) return false;
     SendMessageA(list_, LVM_SETEXTENDEDLISTVIEWSTYLE, kListExStyle, kListExStyle);
+    // The check marks are the steps', so the list asks for them as for the texts.
+    SendMessageA(list_, LVM_SETCALLBACKMASK, LVIS_STATEIMAGEMASK, 0);
     SetWindowLongPtrW(list_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     listProc_ = reinterpret_cast<WNDPROC>(
-        SetWindowLongPtrW(list_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&StepGridWin::ListProc)));
-    if (background) {
-        pictureSource_ = background;
+        SetWindowLongPtrW(list_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&StepListWin::ListProc)));
+    if (pictureSource_) {
         ScalePicture();
         SendMessageA(list_, LVM_SETTEXTBKCOLOR, 0, CLR_NONE);
     }
+    steps_.SetObserver(this);
+    for (int column = 0; column < steps_.ColumnCount(); ++column) ColumnAdded(column);
+    RowCountChanged();
     return true;
 }
 
-void StepGridWin::Move(const PixelRect& rect) {
+void StepListWin::Move(const PixelRect& rect) {
     MoveWindow(list_, rect.left, rect.top, rect.width, rect.height, TRUE);
 }
 
-void StepGridWin::SetFont(HFONT font) { SendMessageA(list_, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE); }
+void StepListWin::SetFont(HFONT font) { SendMessageA(list_, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE); }
 
-void StepGridWin::OnDpiChanged(int dpi) {
-    for (int column = 0; column < ColumnCount(); ++column) {
-        givenTwips_[column] = ColumnWidth(column);
-        SendMessageA(list_, LVM_SETCOLUMNWIDTH, column, TwipsToPixels(givenTwips_[column], dpi));
-    }
+void StepListWin::OnDpiChanged(int dpi) {
     dpi_ = dpi;
+    sizingColumns_ = true;
+    for (int column = 0; column < steps_.ColumnCount(); ++column) {
+        SendMessageA(list_, LVM_SETCOLUMNWIDTH, column, TwipsToPixels(steps_.ColumnWidth(column), dpi));
+    }
+    sizingColumns_ = false;
     ScalePicture();
 }
 
-void StepGridWin::ScalePicture() {
+void StepListWin::ScalePicture() {
     if (!pictureSource_) return;
-    if (picture_) DeleteObject(picture_);
-    HBITMAP scaled = ScaledCopy(pictureSource_, dpi_, pictureSize_);
-    picture_ = CreatePatternBrush(scaled);
-    DeleteObject(scaled);
+    OwnedBitmap scaled = ScaledCopy(pictureSource_.Get(), dpi_, pictureSize_);
+    picture_.Reset(CreatePatternBrush(scaled.Get()));
     InvalidateRect(list_, nullptr, TRUE);
 }
 
-void StepGridWin::SuspendRedraw() {
-    if (redrawSuspended_) return;
-    redrawSuspended_ = true;
-    SendMessageA(list_, WM_SETREDRAW, FALSE, 0);
-    ::SetTimer(list_, kRedrawTimerId, kRedrawDelayMs, nullptr);
+void StepListWin::ScheduleUpdate() {
+    if (updatePosted_ || !list_) return;
+    updatePosted_ = PostMessageA(list_, kShowChanges, 0, 0) != 0;
 }
 
-void StepGridWin::ResumeRedraw() {
-    KillTimer(list_, kRedrawTimerId);
-    if (!redrawSuspended_) return;
-    redrawSuspended_ = false;
-    SendMessageA(list_, WM_SETREDRAW, TRUE, 0);
-    InvalidateRect(list_, nullptr, TRUE);
+void StepListWin::RowCountChanged() {
+    countChanged_ = true;
+    ScheduleUpdate();
 }
 
-LRESULT StepGridWin::OnCustomDraw(NMLVCUSTOMDRAW& draw) {
+void StepListWin::RowChanged(int row) {
+    if (firstChangedRow_ == 0) {
+        firstChangedRow_ = lastChangedRow_ = row;
+    } else {
+        firstChangedRow_ = std::min(firstChangedRow_, row);
+        lastChangedRow_ = std::max(lastChangedRow_, row);
+    }
+    ScheduleUpdate();
+}
+
+void StepListWin::SelectionChanged(int row) {
+    if (showingSelection_) return;
+    selectionChanges_.push_back(row);
+    ScheduleUpdate();
+}
+
+void StepListWin::ColumnAdded(int column) {
+    if (!list_) return;
+    const GridColumn& added = steps_.Column(column);
+    LVCOLUMNA item{};
+    item.mask = LVCF_TEXT | LVCF_WIDTH | LVCF_FMT;
+    item.fmt = added.centred ? LVCFMT_CENTER : LVCFMT_LEFT;
+    item.cx = TwipsToPixels(added.widthTwips, dpi_);
+    item.pszText = const_cast<char*>(added.header.c_str());
+    sizingColumns_ = true;
+    SendMessageA(list_, LVM_INSERTCOLUMNA, column, reinterpret_cast<LPARAM>(&item));
+    sizingColumns_ = false;
+}
+
+void StepListWin::ApplyPendingChanges() {
+    updatePosted_ = false;
+    showingSelection_ = true;
+    if (countChanged_) {
+        // Rows came and went, so every index may now name another step.
+        SendMessageA(list_, LVM_SETITEMCOUNT, steps_.RowCount(), LVSICF_NOSCROLL);
+        LVITEMA none{};
+        none.stateMask = LVIS_SELECTED;
+        SendMessageA(list_, LVM_SETITEMSTATE, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(&none));
+        for (int row = 1; row <= steps_.RowCount(); ++row) {
+            if (steps_.Selected(row)) ShowSelection(row);
+        }
+        InvalidateRect(list_, nullptr, TRUE);
+    } else {
+        for (int row : selectionChanges_) {
+            if (row <= steps_.RowCount()) ShowSelection(row);
+        }
+        if (firstChangedRow_ != 0) SendMessageA(list_, LVM_REDRAWITEMS, firstChangedRow_ - 1, lastChangedRow_ - 1);
+    }
+    showingSelection_ = false;
+    countChanged_ = false;
+    selectionChanges_.clear();
+    firstChangedRow_ = lastChangedRow_ = 0;
+}
+
+void StepListWin::ShowSelection(int row) {
+    LVITEMA item{};
+    item.state = steps_.Selected(row) ? LVIS_SELECTED : 0;
+    item.stateMask = LVIS_SELECTED;
+    SendMessageA(list_, LVM_SETITEMSTATE, row - 1, reinterpret_cast<LPARAM>(&item));
+}
+
+LRESULT StepListWin::OnNotify(NMHDR& header) {
+    switch (header.code) {
+        case LVN_GETDISPINFOA: FillItem(reinterpret_cast<NMLVDISPINFOA&>(header).item); return 0;
+        case NM_CUSTOMDRAW: return OnCustomDraw(reinterpret_cast<NMLVCUSTOMDRAW&>(header));
+        case LVN_ITEMCHANGED: OnItemChanged(reinterpret_cast<NMLISTVIEW&>(header)); return 0;
+        case LVN_ODSTATECHANGED: {
+            auto& range = reinterpret_cast<NMLVODSTATECHANGE&>(header);
+            if ((range.uNewState ^ range.uOldState) & LVIS_SELECTED) {
+                SelectRange(range.iFrom + 1, range.iTo + 1, (range.uNewState & LVIS_SELECTED) != 0);
+            }
+            return 0;
+        }
+        case NM_CLICK: {
+            LVHITTESTINFO hit{};
+            hit.pt = reinterpret_cast<NMITEMACTIVATE&>(header).ptAction;
+            SendMessageA(list_, LVM_HITTEST, 0, reinterpret_cast<LPARAM>(&hit));
+            if (hit.iItem >= 0 && (hit.flags & LVHT_ONITEMSTATEICON)) ToggleCheck(hit.iItem);
+            return 0;
+        }
+        case LVN_KEYDOWN:
+            if (reinterpret_cast<NMLVKEYDOWN&>(header).wVKey == VK_SPACE) {
+                ToggleCheck(static_cast<int>(SendMessageA(list_, LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_FOCUSED)));
+            }
+            return 0;
+        default: return 0;
+    }
+}
+
+void StepListWin::FillItem(LVITEMA& item) const {
+    int row = item.iItem + 1;
+    if (row < 1 || row > steps_.RowCount()) return;
+    const StepRow& step = steps_.Row(row);
+    if ((item.mask & LVIF_TEXT) && item.pszText && item.cchTextMax > 0 && item.iSubItem >= 0 &&
+        item.iSubItem < kColumnCount) {
+        lstrcpynA(item.pszText, step.cells[static_cast<std::size_t>(item.iSubItem)].c_str(), item.cchTextMax);
+    }
+    if (item.mask & LVIF_STATE) {
+        item.state = (item.state & ~LVIS_STATEIMAGEMASK) | (step.checked ? kChecked : kUnchecked);
+        item.stateMask |= LVIS_STATEIMAGEMASK;
+    }
+}
+
+LRESULT StepListWin::OnCustomDraw(NMLVCUSTOMDRAW& draw) const {
     if (draw.nmcd.dwDrawStage == CDDS_PREPAINT) return CDRF_NOTIFYITEMDRAW;
     if (draw.nmcd.dwDrawStage != CDDS_ITEMPREPAINT) return CDRF_DODEFAULT;
-    std::size_t index = draw.nmcd.dwItemSpec;
-    if (index < colours_.size()) {
-        draw.clrText = ScreenColour(colours_[index]);
-        return CDRF_NEWFONT;
+    int row = static_cast<int>(draw.nmcd.dwItemSpec) + 1;
+    if (row > steps_.RowCount()) return CDRF_DODEFAULT;
+    draw.clrText = ScreenColour(steps_.RowColour(row));
+    return CDRF_NEWFONT;
+}
+
+// The user's selection goes into the steps. A check box the list toggles by
+// itself is passed over: the click and the Space key toggle it below, the
+// same on every version of the control.
+void StepListWin::OnItemChanged(const NMLISTVIEW& change) {
+    if (showingSelection_ || !(change.uChanged & LVIF_STATE)) return;
+    if (!((change.uNewState ^ change.uOldState) & LVIS_SELECTED)) return;
+    bool selected = (change.uNewState & LVIS_SELECTED) != 0;
+    if (change.iItem < 0) {
+        SelectRange(1, steps_.RowCount(), selected);
+    } else {
+        SelectRange(change.iItem + 1, change.iItem + 1, selected);
     }
-    return CDRF_DODEFAULT;
 }
 
-// Every row goes through InsertRow, so the marks count the rows.
-int StepGridWin::RowCount() const { return static_cast<int>(marks_.size()); }
-
-void StepGridWin::InsertRow(int row) {
-    SuspendRedraw();
-    if (row < 1 || row > RowCount() + 1) RaiseSubscriptOutOfRange();
-    LVITEMA item{};
-    item.mask = LVIF_TEXT | LVIF_STATE;
-    item.iItem = row - 1;
-    item.pszText = const_cast<char*>("");
-    item.state = kUnchecked;
-    item.stateMask = LVIS_STATEIMAGEMASK;
-    int index = static_cast<int>(SendMessageA(list_, LVM_INSERTITEMA, 0, reinterpret_cast<LPARAM>(&item)));
-    if (index < 0) throw std::runtime_error("The grid could not take another row");
-    marks_.insert(marks_.begin() + index, std::string());
-    colours_.insert(colours_.begin() + index, kButtonTextColour);
+void StepListWin::SelectRange(int first, int last, bool selected) {
+    showingSelection_ = true;
+    for (int row = std::max(first, 1); row <= std::min(last, steps_.RowCount()); ++row) steps_.SetSelected(row, selected);
+    showingSelection_ = false;
 }
 
-void StepGridWin::RemoveRow(int row) {
-    SuspendRedraw();
-    int index = Index(row);
-    SendMessageA(list_, LVM_DELETEITEM, index, 0);
-    marks_.erase(marks_.begin() + index);
-    colours_.erase(colours_.begin() + index);
+// A toggled row that is selected takes the other selected rows with it.
+void StepListWin::ToggleCheck(int index) {
+    int row = index + 1;
+    if (row < 1 || row > steps_.RowCount()) return;
+    bool checked = !steps_.Checked(row);
+    steps_.SetChecked(row, checked);
+    if (!steps_.Selected(row)) return;
+    for (int other = 1; other <= steps_.RowCount(); ++other) {
+        if (steps_.Selected(other)) steps_.SetChecked(other, checked);
+    }
 }
 
-void StepGridWin::Clear() {
-    SuspendRedraw();
-    SendMessageA(list_, LVM_DELETEALLITEMS, 0, 0);
-    marks_.clear();
-    colours_.clear();
-}
-
-std::string StepGridWin::Cell(int row, int column) const {
-    int index = Index(row);
-    CheckColumn(column);
-    std::string text(kFirstTextBuffer, '\0');
-    for (;;) {
-        LVITEMA item{};
-        item.iSubItem = column;
-        item.pszText = text.data();
-        item.cchTextMax = static_cast<int>(text.size());
-        auto length = static_cast<std::size_t>(
-            SendMessageA(list_, LVM_GETITEMTEXTA, index, reinterpret_cast<LPARAM>(&item)));
-        // A full buffer may mean a longer text: ask again with a larger one.
-        if (length + 1 < text.size()) {
-            text.resize(length);
-            return text;
+void StepListWin::TakeUserColumnWidths() {
+    if (sizingColumns_) return;
+    for (int column = 0; column < steps_.ColumnCount(); ++column) {
+        int pixels = static_cast<int>(SendMessageA(list_, LVM_GETCOLUMNWIDTH, column, 0));
+        if (pixels != TwipsToPixels(steps_.ColumnWidth(column), dpi_)) {
+            steps_.SetColumnWidth(column, PixelsToTwips(pixels, dpi_));
         }
-        text.resize(text.size() * 2);
     }
-}
-
-void StepGridWin::SetCell(int row, int column, const std::string& text) {
-    SuspendRedraw();
-    int index = Index(row);
-    CheckColumn(column);
-    LVITEMA item{};
-    item.iSubItem = column;
-    item.pszText = const_cast<char*>(text.c_str());
-    SendMessageA(list_, LVM_SETITEMTEXTA, index, reinterpret_cast<LPARAM>(&item));
-}
-
-bool StepGridWin::Checked(int row) const { return ItemState(row, LVIS_STATEIMAGEMASK) == kChecked; }
-
-void StepGridWin::SetChecked(int row, bool checked) {
-    SetItemState(row, checked ? kChecked : kUnchecked, LVIS_STATEIMAGEMASK);
-}
-
-std::string StepGridWin::Mark(int row) const { return marks_.at(static_cast<std::size_t>(Index(row))); }
-
-void StepGridWin::SetMark(int row, const std::string& mark) { marks_.at(static_cast<std::size_t>(Index(row))) = mark; }
-
-bool StepGridWin::Selected(int row) const { return ItemState(row, LVIS_SELECTED) != 0; }
-
-void StepGridWin::SetSelected(int row, bool selected) {
-    SetItemState(row, selected ? LVIS_SELECTED : 0, LVIS_SELECTED);
-}
-
-void StepGridWin::SetRowColour(int row, std::uint32_t colour) {
-    int index = Index(row);
-    if (colours_.at(static_cast<std::size_t>(index)) == colour) return;
-    colours_[static_cast<std::size_t>(index)] = colour;
-    SendMessageA(list_, LVM_REDRAWITEMS, index, index);
-}
-
-void StepGridWin::AddColumn(const std::string& header, double widthTwips, bool centred) {
-    LVCOLUMNA column{};
-    column.mask = LVCF_TEXT | LVCF_WIDTH | LVCF_FMT;
-    column.fmt = centred ? LVCFMT_CENTER : LVCFMT_LEFT;
-    column.cx = TwipsToPixels(widthTwips, dpi_);
-    givenTwips_.push_back(widthTwips);
-    column.pszText = const_cast<char*>(header.c_str());
-    SendMessageA(list_, LVM_INSERTCOLUMNA, ColumnCount(), reinterpret_cast<LPARAM>(&column));
-}
-
-int StepGridWin::ColumnCount() const {
-    HWND header = reinterpret_cast<HWND>(SendMessageA(list_, LVM_GETHEADER, 0, 0));
-    return header ? static_cast<int>(SendMessageA(header, HDM_GETITEMCOUNT, 0, 0)) : 0;
-}
-
-double StepGridWin::ColumnWidth(int column) const {
-    CheckColumn(column);
-    int pixels = static_cast<int>(SendMessageA(list_, LVM_GETCOLUMNWIDTH, column, 0));
-    double given = givenTwips_.at(column);
-    return pixels == TwipsToPixels(given, dpi_) ? given : PixelsToTwips(pixels, dpi_);
-}
-
-int StepGridWin::Index(int row) const {
-    if (row < 1 || row > RowCount()) RaiseSubscriptOutOfRange();
-    return row - 1;
-}
-
-void StepGridWin::CheckColumn(int column) const {
-    if (column < 0 || column >= kColumnCount) RaiseSubscriptOutOfRange();
-}
-
-UINT StepGridWin::ItemState(int row, UINT mask) const {
-    return static_cast<UINT>(SendMessageA(list_, LVM_GETITEMSTATE, Index(row), mask));
-}
-
-void StepGridWin::SetItemState(int row, UINT state, UINT mask) {
-    SuspendRedraw();
-    LVITEMA item{};
-    item.state = state;
-    item.stateMask = mask;
-    SendMessageA(list_, LVM_SETITEMSTATE, Index(row), reinterpret_cast<LPARAM>(&item));
 }

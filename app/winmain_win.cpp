@@ -32,12 +32,13 @@ struct Program {
     WinOsInfo osInfo;
     Platform platform{files, ini, registry, shell, input, windows, clock, osInfo};
 
-    StepGridWin grid;
+    StepGrid steps;
+    StepListWin list{steps};
     AboutFrameWin about;
-    MainWindow main{grid, about};
+    MainWindow main{list, about};
     MessageBoxesWin boxes;
     FileDialogsWin dialogs;
-    Views views{grid, main, boxes, dialogs, about};
+    Views views{steps, main, boxes, dialogs, about};
 
     App app{platform, views};
     StartupServicesWin services{app, main, boxes, dialogs};

@@ -30,6 +30,7 @@ foreach(library ${KW_LAYER_LIBRARIES})
 endforeach()
 
 add_executable(Klickwerk WIN32 ${CMAKE_SOURCE_DIR}/app/winmain_win.cpp ${KW_RESOURCE_SCRIPT})
+target_include_directories(kw_app PRIVATE ${CMAKE_SOURCE_DIR}/app/resources)
 target_include_directories(Klickwerk PRIVATE
   ${CMAKE_SOURCE_DIR}/app/resources ${KW_PICTURES_DIR} ${CMAKE_BINARY_DIR}/generated)
 target_compile_options(Klickwerk PRIVATE $<$<COMPILE_LANGUAGE:CXX>:${KW_WARNINGS} -Wno-missing-field-initializers>)
