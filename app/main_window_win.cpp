@@ -8,6 +8,7 @@
 #include "platform/dpi_win.h"
 #include "app/drawn_buttons_win.h"
 #include "app/resources/resource_ids.h"
+#include "platform/failure_trace_win.h"
 
 namespace {
 constexpr const char* kClassName = "KlickwerkMain";
@@ -112,8 +113,10 @@ void MainWindow::StackChildren() {
 }
 
 HWND MainWindow::CreateChild(const char* className, const char* text, DWORD style, int id) {
-    return CreateWindowExA(0, className, text, style, 0, 0, 0, 0, hwnd_,
-                           reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), GetModuleHandleA(nullptr), nullptr);
+    HWND child = CreateWindowExA(0, className, text, style, 0, 0, 0, 0, hwnd_,
+                                 reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), GetModuleHandleA(nullptr), nullptr);
+    if (!child) ReportLastError("CreateWindowExA");
+    return child;
 }
 
 void MainWindow::ApplyFonts() {

@@ -4,12 +4,16 @@
 
 #include "app/layout.h"
 #include "app/main_window_events.h"
+#include "platform/failure_trace_win.h"
 
 bool StatusBarWin::Create(HWND parent, int id) {
     bar_ = CreateWindowExA(0, STATUSCLASSNAMEA, "", WS_CHILD | WS_VISIBLE | SBARS_SIZEGRIP | SBARS_TOOLTIPS, 0, 0, 0, 0,
                            parent, reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), GetModuleHandleA(nullptr),
                            nullptr);
-    if (!bar_) return false;
+    if (!bar_) {
+        ReportLastError("CreateWindowExA");
+        return false;
+    }
     int edges[kPanelCount] = {100, 200, 300, 400, 500, -1};
     SendMessageA(bar_, SB_SETPARTS, kPanelCount, reinterpret_cast<LPARAM>(edges));
     for (int part = 0; part < kPanelCount; ++part)

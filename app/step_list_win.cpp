@@ -1,4 +1,5 @@
 #include "app/step_list_win.h"
+#include "platform/failure_trace_win.h"
 
 #include <algorithm>
 
@@ -91,7 +92,10 @@ bool StepListWin::Create(HWND parent, int id, int dpi, HBITMAP background) {
     pictureSource_.Reset(background);
     list_ = CreateWindowExA(WS_EX_CLIENTEDGE, WC_LISTVIEWA, "", kListStyle, 0, 0, 0, 0, parent,
                             reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), GetModuleHandleA(nullptr), nullptr);
-    if (!list_) return false;
+    if (!list_) {
+        ReportLastError("CreateWindowExA");
+        return false;
+    }
     SendMessageA(list_, LVM_SETEXTENDEDLISTVIEWSTYLE, kListExStyle, kListExStyle);
     // The check marks are the steps', so the list asks for them as for the texts.
     SendMessageA(list_, LVM_SETCALLBACKMASK, LVIS_STATEIMAGEMASK, 0);

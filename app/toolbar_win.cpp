@@ -5,6 +5,7 @@
 #include "platform/dpi_win.h"
 #include "app/toolbar_commands.h"
 #include "app/toolbar_pictures_win.h"
+#include "platform/failure_trace_win.h"
 
 namespace {
 
@@ -65,7 +66,10 @@ bool ToolbarWin::Create(HWND parent) {
     DWORD style = WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | TBSTYLE_FLAT | TBSTYLE_TOOLTIPS | CCS_TOP | CCS_NODIVIDER;
     hwnd_ = CreateWindowExA(0, TOOLBARCLASSNAMEA, nullptr, style, 0, 0, 0, 0, parent,
                             reinterpret_cast<HMENU>(static_cast<INT_PTR>(kToolbarId)), GetModuleHandleA(nullptr), nullptr);
-    if (!hwnd_) return false;
+    if (!hwnd_) {
+        ReportLastError("CreateWindowExA");
+        return false;
+    }
     SendMessageA(hwnd_, TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON), 0);
     SendMessageA(hwnd_, TB_SETEXTENDEDSTYLE, 0, TBSTYLE_EX_DRAWDDARROWS);
     SetPictures(WindowDpi(parent));

@@ -1,4 +1,5 @@
 #include "app/window_timers_win.h"
+#include "platform/failure_trace_win.h"
 
 namespace {
 // Timer ids start at 1: SetTimer treats 0 as "make up an id".
@@ -34,7 +35,7 @@ void WindowTimers::Apply(Timer timer) {
     if (!window_) return;
     const Slot& slot = SlotOf(timer);
     if (slot.enabled && slot.interval > 0) {
-        ::SetTimer(window_, IdOf(timer), static_cast<UINT>(slot.interval), nullptr);
+        if (!::SetTimer(window_, IdOf(timer), static_cast<UINT>(slot.interval), nullptr)) ReportLastError("SetTimer");
     } else {
         KillTimer(window_, IdOf(timer));
     }

@@ -11,6 +11,8 @@
 #include "app/startup_services_win.h"
 #include "app/enable_controls.h"
 #include "app/toolbar_commands.h"
+#include "core/error_log.h"
+#include "platform/failure_trace.h"
 #include "platform/message_pump_win.h"
 #include "platform/platform_win.h"
 #include "app/main_timers.h"
@@ -83,6 +85,9 @@ struct Program {
         about.onLink = [this](AboutLink link) { OpenAboutLink(app, link); };
         about.onHide = [this] { HideAbout(app); };
         app.seams.closeMainWindow = [this] { SendMessageA(main.Handle(), WM_CLOSE, 0, 0); };
+        SetFailureSink([this](const std::string& where, const std::string& what, long number) {
+            if (!app.errorLogPath.empty()) LogError(app, kErrorSource, what, number, where, 0);
+        });
     }
 };
 

@@ -12,6 +12,15 @@ target_link_libraries(unit_tests PRIVATE kw_app GTest::gtest GTest::gtest_main T
 include(GoogleTest)
 gtest_discover_tests(unit_tests DISCOVERY_TIMEOUT 60)
 
+# The include check must be able to fail: a folder of tests/layers includes
+# upward and the check names it.
+add_test(NAME layer_check_rejects_an_upward_include
+         COMMAND ${CMAKE_COMMAND} -DROOT=${CMAKE_SOURCE_DIR}/tests/layers
+                 -DTABLE=${CMAKE_SOURCE_DIR}/tests/layers/architecture.md
+                 -P ${CMAKE_SOURCE_DIR}/cmake/check_layers.cmake)
+set_tests_properties(layer_check_rejects_an_upward_include PROPERTIES
+  PASS_REGULAR_EXPRESSION "core/upward.h: #include \"app/window.h\"")
+
 find_package(benchmark QUIET)
 if(benchmark_FOUND)
   file(GLOB KW_BENCHES CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/tests/bench/*.cpp)

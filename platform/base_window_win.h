@@ -3,6 +3,9 @@
 // stored with its window at creation and each message goes to the derived
 // class's HandleMessage, which unpacks it into typed handlers. No exception
 // crosses the window procedure.
+#include <exception>
+
+#include "platform/failure_trace_win.h"
 #include "platform/win32.h"
 
 template <class Derived>
@@ -29,13 +32,17 @@ protected:
         windowClass.hCursor = LoadCursorA(nullptr, IDC_ARROW);
         windowClass.hbrBackground = background;
         windowClass.lpszClassName = className;
-        return RegisterClassExA(&windowClass) || GetLastError() == ERROR_CLASS_ALREADY_EXISTS;
+        if (RegisterClassExA(&windowClass) || GetLastError() == ERROR_CLASS_ALREADY_EXISTS) return true;
+        ReportLastError("RegisterClassExA");
+        return false;
     }
 
     HWND CreateWindowOfClass(const char* className, const char* title, DWORD style, DWORD exStyle, int x, int y,
                              int width, int height, HWND parent) {
-        return CreateWindowExA(exStyle, className, title, style, x, y, width, height, parent, nullptr,
-                               GetModuleHandleA(nullptr), this);
+        HWND window = CreateWindowExA(exStyle, className, title, style, x, y, width, height, parent, nullptr,
+                                      GetModuleHandleA(nullptr), this);
+        if (!window) ReportLastError("CreateWindowExA");
+        return window;
     }
 
     HWND hwnd_ = nullptr;
@@ -55,12 +62,15 @@ private:
             SetWindowLongPtrA(hwnd, GWLP_USERDATA, 0);
             self->hwnd_ = nullptr;
         }
+        // The behaviour traps and logs its own errors; whatever still escapes
+        // is traced here, as it must not unwind through the system's code.
         try {
             return static_cast<Derived*>(self)->HandleMessage(hwnd, message, wParam, lParam);
+        } catch (const std::exception& error) {
+            ReportFailure("WindowProc", error.what(), 51);
         } catch (...) {
-            // The behaviour traps and logs its own errors; whatever still
-            // escapes must not unwind through the system's code.
-            return DefWindowProcA(hwnd, message, wParam, lParam);
+            ReportFailure("WindowProc", "Unknown error", 51);
         }
+        return DefWindowProcA(hwnd, message, wParam, lParam);
     }
 };

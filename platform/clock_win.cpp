@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "platform/message_pump_win.h"
+#include "platform/failure_trace_win.h"
 
 namespace {
 constexpr DWORD kAllInput = 255;
@@ -73,6 +74,7 @@ std::string WinClock::FormatShortDate(Date date) {
 void WinClock::Wait(double seconds, const bool& stop) {
     HANDLE timer = CreateWaitableTimerA(nullptr, TRUE, TimerName().c_str());
     if (!timer) {
+        ReportLastError("CreateWaitableTimerA");
         WaitWithoutTimer(seconds, stop);
         return;
     }

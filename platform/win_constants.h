@@ -1,7 +1,8 @@
 #pragma once
 // The values of the Windows constants that portable code passes through the
 // platform seams, named as the system headers name them. Portable code cannot
-// include <windows.h>; the Windows build checks every value against it.
+// include <windows.h>; the Windows build checks them against it (all but
+// HWND_BOTTOM, a pointer, and the class mask, which has no name there).
 #include <cstdint>
 
 namespace win {

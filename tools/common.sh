@@ -2,7 +2,10 @@
 # machine lacks, and the two builds. Source it from the repository's root.
 
 KW_NATIVE_BUILD=${KW_NATIVE_BUILD:-build-native}
+KW_SANITIZE_BUILD=${KW_SANITIZE_BUILD:-build-sanitize}
 KW_WINDOWS_BUILD=${KW_WINDOWS_BUILD:-build-windows}
+# CI builds with warnings as errors.
+KW_CMAKE_OPTIONS=(-DCMAKE_BUILD_TYPE=Release -DKW_WARNINGS_AS_ERRORS=$([ "${CI:-}" = true ] && echo ON || echo OFF))
 
 KW_PACKAGES=(
   build-essential cmake git python3
@@ -32,12 +35,18 @@ kw_install_packages() {
 }
 
 kw_build_native() {
-  cmake -S . -B "$KW_NATIVE_BUILD" -DCMAKE_BUILD_TYPE=Release &&
+  cmake -S . -B "$KW_NATIVE_BUILD" "${KW_CMAKE_OPTIONS[@]}" &&
     cmake --build "$KW_NATIVE_BUILD" -- -j2
 }
 
+# The unit tests once more under AddressSanitizer and UndefinedBehaviorSanitizer.
+kw_build_sanitize() {
+  cmake -S . -B "$KW_SANITIZE_BUILD" "${KW_CMAKE_OPTIONS[@]}" -DKW_SANITIZE=ON &&
+    cmake --build "$KW_SANITIZE_BUILD" --target unit_tests -- -j2
+}
+
 kw_build_windows() {
-  cmake -S . -B "$KW_WINDOWS_BUILD" -DCMAKE_BUILD_TYPE=Release \
+  cmake -S . -B "$KW_WINDOWS_BUILD" "${KW_CMAKE_OPTIONS[@]}" \
       -DCMAKE_TOOLCHAIN_FILE="$PWD/cmake/mingw-w64.cmake" &&
     cmake --build "$KW_WINDOWS_BUILD" -- -j2
 }

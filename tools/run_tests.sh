@@ -1,14 +1,15 @@
 #!/usr/bin/env bash
 # Every test of the project in one command: installs what a fresh Debian
-# machine lacks, builds the portable behaviour and runs its unit tests,
+# machine lacks, builds the portable behaviour and runs its unit tests (also
+# under the address and undefined-behaviour sanitizers),
 # cross-builds the Windows program and runs the end-to-end tests under Wine.
 # The last line is "N passed, M failed"; the exit code is 0 only when
 # nothing failed.
 #
 #   bash tools/run_tests.sh
 #
-# KW_NATIVE_BUILD and KW_WINDOWS_BUILD name the build folders
-# (build-native and build-windows by default).
+# KW_NATIVE_BUILD, KW_SANITIZE_BUILD and KW_WINDOWS_BUILD name the build
+# folders (build-native, build-sanitize and build-windows by default).
 set -uo pipefail
 cd "$(dirname "$0")/.."
 source tools/common.sh
@@ -39,6 +40,13 @@ run_ctest() {
   rm -f "$log"
 }
 
+# "K flaky: a, b": end-to-end tests that failed once and passed on their second run.
+flaky_line() {
+  local summary="$KW_WINDOWS_BUILD/e2e-out/summary.json"
+  [ -f "$summary" ] || { echo "0 flaky"; return; }
+  python3 -c 'import json, sys; f = json.load(open(sys.argv[1])).get("flaky", []); print(f"{len(f)} flaky" + (": " + ", ".join(f) if f else ""))' "$summary"
+}
+
 summary_count() {
   python3 -c 'import json, sys; print(json.load(open(sys.argv[1]))[sys.argv[2]])' "$1" "$2"
 }
@@ -48,6 +56,13 @@ if kw_build_native; then
   run_ctest "$KW_NATIVE_BUILD" -j2
 else
   failed_step "native build"
+fi
+
+step "Unit tests under the address and undefined-behaviour sanitizers ($KW_SANITIZE_BUILD)"
+if kw_build_sanitize; then
+  ASAN_OPTIONS=detect_leaks=1 UBSAN_OPTIONS=print_stacktrace=1 run_ctest "$KW_SANITIZE_BUILD" -j2
+else
+  failed_step "sanitizer build"
 fi
 
 step "Windows build ($KW_WINDOWS_BUILD)"
@@ -70,5 +85,6 @@ fi
 
 echo
 echo "Total time: $((SECONDS - started)) s"
+flaky_line
 echo "$passed passed, $failed failed"
 [ "$failed" -eq 0 ] && [ "$passed" -gt 0 ]
