@@ -2,8 +2,10 @@
 
     python3 tests/e2e/run_e2e.py [--build <Windows build dir>] [test_module ...]
 
-Writes the counts to <build>/e2e-out/summary.json as well; exits 1 when a
-test failed or none ran.
+A failed test runs once more; one that then passes is flaky, named on a line
+"K flaky: ..." before the counts. Writes the counts and the flaky tests' names
+to <build>/e2e-out/summary.json as well; exits 1 when a test failed or none
+ran.
 """
 import argparse
 import json
@@ -49,20 +51,20 @@ def main():
         result = runner.run(load_tests(arguments.modules))
         failing = failed_tests(result)
         if failing:
-            # X and Wine under load now and then lose an event; a fault of
-            # the program fails again, so each failed test gets one more run.
+            # A flaky test is a defect too, but one seen apart from a fault
+            # that fails every time: each failed test gets one more run.
             print(f"\nRunning the {len(failing)} failed test(s) once more: {sorted(failing)}")
             failing = failed_tests(runner.run(unittest.TestLoader().loadTestsFromNames(sorted(failing))))
-            for name in sorted(failed_tests(result) - failing):
-                print(f"flaky: {name} failed once and passed on its second run")
     finally:
         wine_session.close_session()
+    flaky = sorted(failed_tests(result) - failing)
     failed = len(failing)
     passed = result.testsRun - failed - len(result.skipped)
-    summary = {"passed": passed, "failed": failed, "skipped": len(result.skipped),
+    summary = {"passed": passed, "failed": failed, "flaky": flaky, "skipped": len(result.skipped),
                "seconds": round(time.monotonic() - started, 1)}
     wine_session.OUT_DIR.mkdir(parents=True, exist_ok=True)
     (wine_session.OUT_DIR / "summary.json").write_text(json.dumps(summary) + "\n")
+    print(f"{len(flaky)} flaky" + (f": {', '.join(flaky)}" if flaky else ""))
     print(f"e2e: {passed} passed, {failed} failed, {summary['skipped']} skipped in {summary['seconds']} s")
     return 0 if failed == 0 and passed > 0 else 1
 
