@@ -12,32 +12,21 @@ import sys
 import zipfile
 from pathlib import Path
 
-OPTIONAL = ["InHook.dll", "Klickwerk.chm", "DYK.dat"]
-
-
-def expected_sources(build, source):
-    """Archive name -> the file it must be a copy of."""
-    files = {"Klickwerk.exe": build / "Klickwerk.exe", "Scripts/FirstRun.kwf": source / "Scripts" / "FirstRun.kwf"}
-    for name in OPTIONAL:
-        found = next((folder / name for folder in (build, source) if (folder / name).is_file()), None)
-        if found:
-            files[name] = found
-    return files
-
 
 def problems(archive_path, build, source):
+    # Archive name -> the file it must be a copy of.
+    wanted = {"Klickwerk.exe": build / "Klickwerk.exe", "Scripts/FirstRun.kwf": source / "Scripts" / "FirstRun.kwf"}
+    for name in ("InHook.dll", "Klickwerk.chm", "DYK.dat"):
+        # The build tree's file wins over the source tree's.
+        wanted.update({name: folder / name for folder in (source, build) if (folder / name).is_file()})
     with zipfile.ZipFile(archive_path) as archive:
-        if archive.testzip() is not None:
-            return [f"damaged entry {archive.testzip()}"]
-        listed = [entry.filename for entry in archive.infolist() if not entry.is_dir()]
+        damaged = archive.testzip()
+        listed = sorted(entry.filename for entry in archive.infolist() if not entry.is_dir())
         print("\n".join(listed))
-        wanted = expected_sources(build, source)
-        found = []
-        if sorted(listed) != sorted(wanted):
-            found.append(f"entries {sorted(listed)}, expected {sorted(wanted)}")
-        for name, origin in wanted.items():
-            if name in listed and archive.read(name) != origin.read_bytes():
-                found.append(f"{name} differs from {origin}")
+        found = [f"damaged entry {damaged}"] if damaged else []
+        found += [f"entries {listed}, expected {sorted(wanted)}"] if listed != sorted(wanted) else []
+        found += [f"{name} differs from {origin}" for name, origin in wanted.items()
+                  if name in listed and archive.read(name) != origin.read_bytes()]
         if "Klickwerk.exe" in listed and archive.read("Klickwerk.exe")[:2] != b"MZ":
             found.append("Klickwerk.exe is no Windows program")
     return found
@@ -48,10 +37,7 @@ def main():
         print(__doc__)
         return 2
     archive, build, source = (Path(argument) for argument in sys.argv[1:])
-    if not archive.is_file():
-        print(f"FAILED: {archive} is missing")
-        return 1
-    found = problems(archive, build, source)
+    found = problems(archive, build, source) if archive.is_file() else [f"{archive} is missing"]
     for problem in found:
         print(f"FAILED: {problem}")
     return 1 if found else 0
