@@ -57,10 +57,10 @@ def wineserver_pid(prefix):
 
 def make_bench_case():
     # The harness reads KW_BUILD_DIR when it is first imported.
-    from playback_fixture import PlaybackTestCase, step
+    from harness import WineTestCase, script_lines, step
     from wine_session import BUILD_DIR, wait_until
 
-    class PlaybackBench(PlaybackTestCase):
+    class PlaybackBench(WineTestCase):
         def report(self, figure, value, target):
             print(f"{figure}: {value}   (target: {target})", flush=True)
 
@@ -69,7 +69,7 @@ def make_bench_case():
             # "#" only at the end; no "(" or ")", which Wine finds no key for here.
             alphabet = string.ascii_letters + string.digits + " .,;:-_!?[]{}'/"
             text = "".join(alphabet[(i * 7) % len(alphabet)] for i in range(999)) + "#"
-            self.open_script([step(keys=text)])
+            self.open_program(script_lines([step(keys=text)]))
             self.give_focus("Probe Typing")
             rates = []
             for run in range(1, 4):
@@ -90,7 +90,7 @@ def make_bench_case():
             self.report("waits", output, "mean under 2 ms, worst under 5 ms")
 
         def bench_stop(self):
-            self.open_script([step(secs=600)])
+            self.open_program(script_lines([step(secs=600)]))
             latencies = []
             for _ in range(10):
                 self.start_run()
@@ -99,9 +99,9 @@ def make_bench_case():
                         f"over {len(latencies)} runs", "under 60 ms")
 
         def bench_cpu(self):
-            self.open_script([step(secs=600)])
+            self.open_program(script_lines([step(secs=600)]))
             self.start_run()
-            server = wineserver_pid(self.session.prefix.path)
+            server = wineserver_pid(self.prefix.path)
             pids = {"Klickwerk": self.klickwerk.pid, "wineserver": server}
             before = {name: cpu_seconds(pid) for name, pid in pids.items() if pid}
             started = time.monotonic()

@@ -11,24 +11,29 @@ import re
 import shutil
 import subprocess
 import tempfile
+import time
+import types
 import unittest
 from pathlib import Path
 
-from wine_session import BUILD_DIR, OUT_DIR, REPO, TIMEOUT_SCALE, WINE, session, wait_until
+from wine_session import BUILD_DIR, OUT_DIR, POLL_SECONDS, REPO, TIMEOUT_SCALE, WINE, session, wait_until
 
+APP_TITLE = "Klickwerk v{}.{}".format(*re.search(r"project\(Klickwerk VERSION (\d+)\.(\d+)",
+                                                 (REPO / "CMakeLists.txt").read_text()).groups())
 # Files that travel with Klickwerk.exe when they exist, looked up in the
 # build tree first and then in the repository.
 COMPANION_FILES = ["InHook.dll", "Klickwerk.chm", "DYK.dat", "Scripts"]
-
-
-def _app_title():
-    """"Klickwerk v<major>.<minor>", from the version the build uses."""
-    text = (REPO / "CMakeLists.txt").read_text()
-    major, minor = re.search(r"project\(Klickwerk VERSION (\d+)\.(\d+)", text).groups()
-    return f"Klickwerk v{major}.{minor}"
-
-
-APP_TITLE = _app_title()
+# Settings of a program that has been run before; no update reminder because
+# an empty "LastCheck" counts as today, no hint frame over the grid.
+SETTLED = {"FirstRun": 0, "OnTop": 0, "GRepeat": 0, "SmoothPointer": 0, "ShowCount": 1, "StartMin": 0,
+           "WithWindows": 0, "DYK": 0, "Enter4Step": 0, "MouseSaver": 0, "StopKey": 27, "StepCounter": 0,
+           "Height": 6610, "RecMode": 0, "AutoStart": 0}
+BUTTONS = ["Start", "Stop", "RECORD", "Record options", "Repeat", "?"]
+NO_START = ("/nostart", "/norep")
+# Below the main window, which is centred on the 1280 x 1024 screen: clicks
+# at the probe's positions must land on the probe.
+PROBE_RECT = (20, 750, 1240, 250)
+MOUSE_BUTTONS = {"ldown", "lup", "ldblclk", "rdown", "rup", "rdblclk", "mdown", "mup", "mdblclk"}
 
 
 def win_path(path):
@@ -36,34 +41,80 @@ def win_path(path):
     return "Z:" + str(path).replace("/", "\\")
 
 
-def read_ini(path, section="MAIN"):
-    """The keys of one section in file order, as the private-profile calls see them."""
-    keys, current = [], None
-    for line in Path(path).read_text(encoding="latin-1").splitlines():
-        line = line.strip()
-        if line.startswith("[") and line.endswith("]"):
-            current = line[1:-1].strip().lower()
-        elif current == section.lower() and "=" in line:
-            name, value = line.split("=", 1)
-            keys.append((name.strip(), value.strip()))
-    return keys
-
-
 def file_bytes(path):
     """The file's contents; b"" when it does not exist."""
     return Path(path).read_bytes() if Path(path).exists() else b""
 
 
+def step(x=-1, y=-1, button="No Click", keys="", mins=0, secs=0, repeat=0, checked=True):
+    """One step: its check mark and the cells X, Y, Button, Additional, Mins, Secs, Repeat."""
+    return checked, [str(x), str(y), button, keys, str(mins), str(secs), str(repeat)]
+
+
+def script_lines(steps):
+    return [f"{checked}|||{number}||" + "||".join(cells) for number, (checked, cells) in enumerate(steps, 1)]
+
+
+def script_bytes(lines):
+    return "".join(line + "\r\n" for line in lines).encode("latin-1")
+
+
+def install_program(folder):
+    """Copies Klickwerk.exe and whichever companion files exist into folder."""
+    exe = BUILD_DIR / "Klickwerk.exe"
+    if not exe.exists():
+        raise AssertionError(f"{exe} is missing: build the Windows targets first")
+    shutil.copy2(exe, folder)
+    for name in COMPANION_FILES:
+        source = next((base / name for base in (BUILD_DIR, REPO) if (base / name).exists()), None)
+        if source and source.is_dir():
+            shutil.copytree(source, folder / name, dirs_exist_ok=True)
+        elif source:
+            shutil.copy2(source, folder)
+
+
+class ProbeEvents:
+    """The probe's log as events, each a tuple of the words of its line with
+    the numbers as numbers: ("down"|"up", vk), ("char", code), (mouse kind,
+    screen x, screen y), ("size", state, width, height), ("moved", x, y),
+    ("close",), ("ready", pid, client x, y, width, height)."""
+
+    LINE = re.compile(r"^(.*) t=(\d+)$")
+
+    def __init__(self, log):
+        self.log = Path(log)
+
+    def timed(self):
+        """Every event with the probe's tick count."""
+        lines = self.log.read_text(errors="replace").splitlines() if self.log.exists() else []
+        return [(tuple(int(word) if re.fullmatch(r"-?\d+", word) else word for word in match[1].split()),
+                 int(match[2])) for match in map(self.LINE.match, lines) if match]
+
+    def events(self, *kinds):
+        return [event for event, _ in self.timed() if not kinds or event[0] in kinds]
+
+    def keys(self):
+        return self.events("down", "up")
+
+    def text(self):
+        """The characters the probe received, as a string."""
+        return "".join(chr(code) for _, code in self.events("char"))
+
+    def clicks(self):
+        return self.events(*MOUSE_BUTTONS)
+
+
 class WineOperations:
-    """Starting Windows programs and watching them. Needs self.session, self.out
-    (a folder for logs and screenshots) and self.started (the processes)."""
+    """Starting Windows programs and watching them. Needs self.prefix (a
+    WinePrefix), self.display (the X display's name), self.out (a folder for
+    logs and screenshots) and self.started (the processes)."""
 
     # Processes ----------------------------------------------------------------
 
     def start_windows_program(self, exe, *args, cwd=None, name=None):
         name = name or Path(exe).stem
         with open(self.out / f"{name}-{len(self.started)}.out", "wb") as log:
-            process = subprocess.Popen([WINE, str(exe), *args], cwd=cwd or self.out, env=self.session.env,
+            process = subprocess.Popen([WINE, str(exe), *args], cwd=cwd or self.out, env=self.prefix.env,
                                        stdin=subprocess.DEVNULL, stdout=log, stderr=subprocess.STDOUT)
         self.started.append(process)
         return process
@@ -77,43 +128,68 @@ class WineOperations:
             if process.poll() is None:
                 process.kill()
                 process.wait()
-        self.session.prefix.kill()
+        self.prefix.kill()
 
-    # Program folder and Klickwerk ------------------------------------------------
+    # Klickwerk ------------------------------------------------------------------
 
-    def make_program_folder(self, name="program", settings=None, files=None):
-        """A folder holding Klickwerk.exe and its companion files; settings is a
-        list of (key, value) written to Settings.ini, files maps relative
-        names to bytes or text."""
-        folder = self.out / name
-        folder.mkdir(parents=True, exist_ok=True)
-        install_program(folder)
+    def make_program_folder(self, settings=None, files=None):
+        """A fresh folder holding Klickwerk.exe and its companion files, with
+        Settings.ini holding `settings` (a dict) and `files` (relative name
+        -> bytes)."""
+        self.folder = self.out / f"program-{len(list(self.out.glob('program-*')))}"
+        self.folder.mkdir()
+        install_program(self.folder)
         if settings is not None:
-            lines = ["[MAIN]"] + [f"{key}={value}" for key, value in settings]
-            (folder / "Settings.ini").write_bytes(("\r\n".join(lines) + "\r\n").encode("latin-1"))
+            lines = ["[MAIN]"] + [f"{key}={value}" for key, value in settings.items()]
+            (self.folder / "Settings.ini").write_bytes(("\r\n".join(lines) + "\r\n").encode("latin-1"))
         for relative, content in (files or {}).items():
-            target = folder / relative
-            target.parent.mkdir(parents=True, exist_ok=True)
-            target.write_bytes(content if isinstance(content, bytes) else content.encode("latin-1"))
-        return folder
+            (self.folder / relative).parent.mkdir(parents=True, exist_ok=True)
+            (self.folder / relative).write_bytes(content)
+        return self.folder
 
-    def start_klickwerk(self, folder, *args):
-        return self.start_windows_program(folder / "Klickwerk.exe", *args, cwd=folder, name="klickwerk")
+    def start_klickwerk(self, *args):
+        return self.start_windows_program(self.folder / "Klickwerk.exe", *args, cwd=self.folder, name="klickwerk")
 
-    def close_klickwerk(self, process, window, timeout=20):
+    def open_program(self, script=None, switches=NO_START, working_copy=None, files=None, **changes):
+        """Klickwerk in a fresh folder with the settled settings, some changed,
+        and the files; with script lines, started on them as Scripts\\play.kwf
+        with the switches. Returns the main window once the grid holds the
+        script or the working copy."""
+        if changes.keys() - SETTLED.keys():
+            raise ValueError(f"no such settings: {sorted(changes.keys() - SETTLED.keys())}")
+        files = dict(files or {})
+        if script is not None:
+            files["Scripts/play.kwf"] = script_bytes(script)
+        if working_copy is not None:
+            files["Data.dat"] = script_bytes(working_copy)
+        self.make_program_folder(SETTLED | changes, files)
+        args = [win_path(self.folder / "Scripts" / "play.kwf"), *switches] if script is not None else []
+        self.klickwerk = self.start_klickwerk(*args)
+        self.wait_for_main_window()
+        self.wait_for_grid_rows(len(script or working_copy or []))
+        return self.main
+
+    def close_klickwerk(self, timeout=20):
         """Closes the main window as the user would and waits for the process to
         end; a message box shown meanwhile fails with its text."""
-        self.driver("close", window["target"])
+        self.driver("close", self.main["target"])
 
         def ended_or_box():
-            if process.poll() is not None:
+            if self.klickwerk.poll() is not None:
                 return "ended"
             box = self.driver("msgbox", allow_missing=True)
             return f"message box {box['title']!r}: {box['text']!r}" if box else None
-
         outcome = wait_until(ended_or_box, timeout, "Klickwerk to close")
         if outcome != "ended":
             raise AssertionError(f"closing Klickwerk showed a {outcome}")
+
+    def setting(self, key):
+        """A value of Settings.ini's [MAIN] section."""
+        text = file_bytes(self.folder / "Settings.ini").decode("latin-1")
+        return re.search(rf"^\s*{key}\s*=(.*)$", text, re.M | re.I)[1].strip()
+
+    def error_log(self):
+        return file_bytes(self.folder / "Error.log").decode("latin-1")
 
     # kwdriver ---------------------------------------------------------------------
 
@@ -126,7 +202,7 @@ class WineOperations:
         # Files, not pipes: when this call starts the wineserver, the Wine
         # daemons inherit its output handles and a pipe would never close.
         with tempfile.TemporaryFile() as out, tempfile.TemporaryFile() as err:
-            code = subprocess.run(command + list(args), env=self.session.env, stdout=out, stderr=err,
+            code = subprocess.run(command + list(args), env=self.prefix.env, stdout=out, stderr=err,
                                   timeout=wait * TIMEOUT_SCALE + 30, stdin=subprocess.DEVNULL).returncode
             out.seek(0)
             err.seek(0)
@@ -144,75 +220,87 @@ class WineOperations:
             return window if window and window["visible"] else None
         return wait_until(visible, timeout, f"a visible window {title!r}")
 
-    def main_windows(self, title=APP_TITLE):
-        """Visible windows with this title that hold a list view: main windows,
-        as opposed to message boxes and the splash window with the same title.
-        "target" names each for kwdriver."""
-        found = []
-        for window in self.driver("windows"):
-            if window["text"] != title or not window["visible"] or window["class"] == "#32770":
-                continue
-            target = f"hwnd={window['hwnd']}"
-            controls = self.driver("controls", target, allow_missing=True) or []
-            if any(control["class"] == "SysListView32" for control in controls):
-                found.append(dict(self.driver("window", target), target=target))
-        return found
+    def main_windows(self):
+        """Visible windows with the program's title that hold a list view: main
+        windows, as opposed to message boxes and the splash window with the
+        same title. "target" names each for kwdriver."""
+        titled = [dict(window, target=f"hwnd={window['hwnd']}") for window in self.driver("windows")
+                  if window["text"] == APP_TITLE and window["visible"]]
+        return [window for window in titled if self.driver("grid", window["target"], allow_missing=True) is not None]
 
-    def wait_for_main_window(self, title=APP_TITLE, timeout=30):
-        return wait_until(lambda: next(iter(self.main_windows(title)), None), timeout,
-                          f"the main window {title!r}")
+    def wait_for_main_window(self, timeout=30):
+        self.main = wait_until(lambda: next(iter(self.main_windows()), None), timeout, "the main window")
+        return self.main
 
     def wait_for_msgbox(self, text, timeout=30, pid=None):
-        """Waits until a message box shows exactly this text and returns it; on
-        timeout the failure names the box that was showing, if any."""
+        """Waits until a message box shows exactly this text and returns it."""
         args = ["msgbox"] + (["--pid", str(pid)] if pid else [])
-        seen = []
-
-        def showing():
-            box = self.driver(*args, allow_missing=True)
-            seen[:] = [box]
-            return box if box and box["text"] == text else None
-        try:
-            return wait_until(showing, timeout, f"a message box {text!r}")
-        except AssertionError:
-            raise AssertionError(f"no message box {text!r} within {timeout} s; showing: {seen!r}") from None
+        return wait_until(lambda: self.driver(*args, allow_missing=True), timeout, f"a message box {text!r}",
+                          accept=lambda box: box and box["text"] == text)
 
     def answer(self, button, pid=None):
         return self.driver("answer", button, *(["--pid", str(pid)] if pid else []))
 
-    def grid(self, window):
-        return self.driver("grid", window["target"])
+    # The main window -----------------------------------------------------------------
 
-    def wait_for_grid_rows(self, window, count, timeout=20):
-        def filled():
-            grid = self.grid(window)
-            return grid if len(grid["rows"]) == count else None
-        return wait_until(filled, timeout, f"{count} rows in the grid")
+    def grid(self):
+        """The grid's rows: "cells" (# X Y Button Additional Mins Secs Repeat) and "checked"."""
+        return self.driver("grid", self.main["target"])
 
-    def toolbar(self, window):
-        """The toolbar's buttons in order: caption ("text"), "enabled", "dropdown",
-        screen "rect"."""
-        return self.driver("toolbar", window["target"])
+    def wait_for_grid_rows(self, count, timeout=20):
+        return wait_until(self.grid, timeout, f"{count} rows in the grid", accept=lambda rows: len(rows) == count)
 
-    def toolbar_enabled(self, window):
-        return {button["text"]: button["enabled"] for button in self.toolbar(window)}
+    def controls(self):
+        return self.driver("controls", self.main["target"])
 
-    def click_toolbar(self, window, caption):
-        return self.driver("toolclick", window["target"], caption)
+    def control(self, kind, text=None):
+        """The first control of the class (with the text)."""
+        return next(control for control in self.controls()
+                    if control["class"] == kind and text in (None, control["text"]))
 
-    def panel(self, window, number):
-        """The text of status-bar panel 1 to 6."""
-        return self.driver("status", window["target"])["panels"][number - 1]
+    def panels(self):
+        """Status-bar panels 1 to 6 as a list indexed from 0."""
+        return self.driver("status", self.main["target"])["panels"]
+
+    def toolbar(self):
+        """The toolbar's buttons in order: "text", "enabled"."""
+        return self.driver("toolbar", self.main["target"])
+
+    def click_toolbar(self, caption):
+        self.driver("toolclick", self.main["target"], caption)
+
+    def enabled(self):
+        """Enabled states of the grid, the buttons below it and the toolbar's buttons."""
+        controls = {control["text"] or control["class"]: control["enabled"] for control in self.controls()
+                    if control["class"] == "SysListView32" or control["text"] in BUTTONS}
+        return controls | {button["text"]: button["enabled"] for button in self.toolbar()}
+
+    def press(self, caption):
+        self.driver("click", self.main["target"], caption)
+
+    def running(self):
+        return not self.control("Button", "Start")["enabled"]
+
+    def start_run(self):
+        """Presses Start and waits until the run has locked the window."""
+        self.press("Start")
+        wait_until(self.running, 20, "the run to lock the window")
+
+    def wait_for_steps(self, count, timeout=30):
+        """Waits until the step counter reads `count` and the run is over."""
+        wait_until(lambda: self.panels()[4] == str(count) and not self.running(), timeout,
+                   f"a finished run with the step counter at {count}")
+
+    # File dialogs ---------------------------------------------------------------------
 
     def wait_for_dialog(self, title, timeout=30):
         """The first visible standard dialog, once it has this title."""
-        def showing():
-            dialog = self.driver("msgbox", allow_missing=True)
-            return dialog if dialog and dialog["title"] == title else None
-        return wait_until(showing, timeout, f"the dialog {title!r}")
+        return wait_until(lambda: self.driver("msgbox", allow_missing=True), timeout, f"the dialog {title!r}",
+                          accept=lambda dialog: dialog and dialog["title"] == title)
 
-    def wait_for_no_dialog(self, timeout=20):
-        wait_until(lambda: self.driver("msgbox", allow_missing=True) is None, timeout, "the dialog to close")
+    def file_name_box(self, dialog):
+        return [control["text"] for control in self.driver("controls", f"hwnd={dialog['hwnd']}")
+                if control["class"] == "Edit" and control["visible"]]
 
     def enter_file_name(self, dialog_title, name, attempts=3):
         """Types a name into the file name box of an open or save dialog and
@@ -221,99 +309,75 @@ class WineOperations:
         is pressed again only while the dialog is still up."""
         dialog = self.wait_for_dialog(dialog_title)
 
-        def name_box_holds_name():
-            return name in [control["text"] for control in self.driver("controls", f"hwnd={dialog['hwnd']}")
-                            if control["class"] == "Edit" and control["visible"]]
+        def until(action, done, what):
+            for attempt in range(1, attempts + 1):
+                self.focus(dialog_title)
+                action()
+                try:
+                    return wait_until(done, 5, what)
+                except AssertionError:
+                    if attempt == attempts:
+                        raise
 
         def dialog_gone():
             shown = self.driver("msgbox", allow_missing=True)
             return not shown or shown["hwnd"] != dialog["hwnd"]
-
-        for attempt in range(1, attempts + 1):
-            self.focus(dialog_title)
-            self.xdotool("key", "ctrl+a")
-            self.xdotool("type", "--delay", "20", name)
-            try:
-                wait_until(name_box_holds_name, 5, f"{name!r} in the file name box")
-                break
-            except AssertionError:
-                if attempt == attempts:
-                    raise
-        for attempt in range(1, attempts + 1):
-            self.focus(dialog_title)
-            self.xdotool("key", "Return")
-            try:
-                wait_until(dialog_gone, 5, f"the dialog {dialog_title!r} to take the name")
-                return
-            except AssertionError:
-                if attempt == attempts:
-                    raise
-
-    # Files and logs -----------------------------------------------------------------
-
-    def wait_for_file(self, path, timeout=20):
-        return wait_until(lambda: Path(path).exists(), timeout, f"the file {path}")
-
-    def wait_for_log_line(self, path, pattern, timeout=20):
-        """The first line of the log that matches the regular expression."""
-        regex = re.compile(pattern)
-
-        def matching_line():
-            if not Path(path).exists():
-                return None
-            for line in Path(path).read_text(errors="replace").splitlines():
-                found = regex.search(line)
-                if found:
-                    return found
-            return None
-        return wait_until(matching_line, timeout, f"a line matching {pattern!r} in {path}")
+        until(lambda: self.xdotool("key", "ctrl+a") + self.xdotool("type", "--delay", "20", name),
+              lambda: name in self.file_name_box(dialog), f"{name!r} in the file name box")
+        until(lambda: self.xdotool("key", "Return"), dialog_gone, f"the dialog {dialog_title!r} to take the name")
 
     # Probe ----------------------------------------------------------------------------
 
-    def launch_probe(self, title="Klickwerk Probe", rect=None, ask=None):
-        """Starts probe.exe and returns (log path, process) at once."""
-        log = self.out / f"probe-{len(self.started)}.log"
-        args = ["--log", win_path(log), "--title", title]
-        if rect:
-            args += ["--rect", ",".join(str(v) for v in rect)]
-        if ask:
-            args += ["--ask", ask]
-        return log, self.start_windows_program(BUILD_DIR / "probe.exe", *args, name="probe")
+    def open_probe(self, title="Klickwerk Probe", rect=PROBE_RECT):
+        """Starts probe.exe as the target of keys and clicks; returns its events
+        and its Windows pid, client origin (x, y) and size in screen pixels,
+        and its process."""
+        probe = ProbeEvents(self.out / f"probe-{len(self.started)}.log")
+        process = self.start_windows_program(BUILD_DIR / "probe.exe", "--log", win_path(probe.log), "--title", title,
+                                             "--rect", ",".join(str(v) for v in rect), name="probe")
+        _, pid, x, y, width, height = wait_until(lambda: probe.events("ready"), 20, f"the probe {title!r}")[0]
+        return probe, types.SimpleNamespace(pid=pid, x=x, y=y, width=width, height=height, process=process)
 
-    def start_probe(self, title="Klickwerk Probe", rect=None):
-        """Starts probe.exe, waits for its window and returns (log path, values
-        of its ready line: Windows pid, client origin and size in screen
-        pixels, and the process)."""
-        log, process = self.launch_probe(title, rect)
-        ready = self.wait_for_log_line(log, r"^ready pid=(\d+) .*client=(-?\d+),(-?\d+),(\d+),(\d+) ")
-        pid, x, y, width, height = (int(v) for v in ready.groups())
-        return log, {"pid": pid, "x": x, "y": y, "width": width, "height": height, "process": process}
+    def give_focus(self, title):
+        """Makes the window the foreground window, where the program's keys
+        go, and gives it the X input focus, through which X keys (the stop
+        key, the hot keys) reach Wine at all."""
+        self.driver("foreground", title)
+        self.focus(title)
 
     # X input and screenshots ------------------------------------------------------
 
     def xdotool(self, *args, timeout=20):
-        return subprocess.run(["xdotool", *args], env=self.session.env, capture_output=True, text=True,
+        return subprocess.run(["xdotool", *args], env=self.prefix.env, capture_output=True, text=True,
                               timeout=timeout * TIMEOUT_SCALE, check=True).stdout
-
-    def x_window(self, title, timeout=20):
-        """The X window id of the visible Wine window with exactly this title."""
-        def search():
-            found = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", f"^{re.escape(title)}$"],
-                                   env=self.session.env, capture_output=True, text=True, timeout=20)
-            return found.stdout.split()[0] if found.stdout.split() else None
-        return wait_until(search, timeout, f"the X window {title!r}")
 
     def focus(self, title):
         """Gives the window the X input focus; Win32 activation alone does not
         route X keyboard events to it. Never the root window: afterwards no X
         keys would reach any Wine window."""
-        self.xdotool("windowfocus", "--sync", self.x_window(title))
+        def search():
+            return self.xdotool("search", "--onlyvisible", "--name", f"^{re.escape(title)}$").split()
+        self.xdotool("windowfocus", "--sync", wait_until(search, 20, f"the X window {title!r}")[0])
+
+    def move_pointer(self, x, y):
+        """Moves the X pointer and waits until it is there ("mousemove --sync"
+        waits for a motion that never comes when it is there already)."""
+        self.xdotool("mousemove", str(x), str(y))
+        wait_until(lambda: self.xdotool("getmouselocation").startswith(f"x:{x} y:{y} "), 20, f"the pointer at {x},{y}")
+
+    def hold_key(self, key, until, what, timeout=20):
+        """Holds an X key down until `until()` is true: a polled stop or hot
+        key is seen however long the program takes to look."""
+        self.xdotool("keydown", key)
+        try:
+            return wait_until(until, timeout, what)
+        finally:
+            self.xdotool("keyup", key)
 
     def screenshot(self, name):
         path = self.out / f"{name}.png"
-        subprocess.run(["import", "-display", self.session.display.name, "-window", "root", str(path)],
-                       env=self.session.env, timeout=60 * TIMEOUT_SCALE, check=True,
-                       stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        subprocess.run(["import", "-display", self.display, "-window", "root", str(path)], env=self.prefix.env,
+                       timeout=60 * TIMEOUT_SCALE, check=True, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         return path
 
     def settled_screenshot(self, name, timeout=10):
@@ -322,29 +386,12 @@ class WineOperations:
         frames = []
 
         def unchanged():
-            frames.append(subprocess.run(["import", "-display", self.session.display.name, "-window", "root", "rgb:-"],
-                                         env=self.session.env, capture_output=True, check=True,
+            frames.append(subprocess.run(["import", "-display", self.display, "-window", "root", "rgb:-"],
+                                         env=self.prefix.env, capture_output=True, check=True,
                                          timeout=60 * TIMEOUT_SCALE).stdout)
             return len(frames) > 1 and frames[-1] == frames.pop(0)
         wait_until(unchanged, timeout, "the screen to stop changing")
         return self.screenshot(name)
-
-
-def install_program(folder):
-    """Copies Klickwerk.exe and whichever companion files exist into folder."""
-    exe = BUILD_DIR / "Klickwerk.exe"
-    if not exe.exists():
-        raise AssertionError(f"{exe} is missing: build the Windows targets first")
-    shutil.copy2(exe, folder)
-    for name in COMPANION_FILES:
-        for base in (BUILD_DIR, REPO):
-            source = base / name
-            if source.is_dir():
-                shutil.copytree(source, folder / name, dirs_exist_ok=True)
-                break
-            if source.is_file():
-                shutil.copy2(source, folder)
-                break
 
 
 class WineTestCase(WineOperations, unittest.TestCase):
@@ -352,13 +399,31 @@ class WineTestCase(WineOperations, unittest.TestCase):
     teardown that ends every process the test started, pass or fail."""
 
     def setUp(self):
-        self.session = session()
+        running = session()
+        self.prefix, self.display = running.prefix, running.display.name
         self.out = OUT_DIR / re.sub(r"[^A-Za-z0-9_.-]", "_", self.id())
         shutil.rmtree(self.out, ignore_errors=True)
         self.out.mkdir(parents=True)
         self.started = []
         self.addCleanup(self.stop_started)
 
-    def assert_no_errors_logged(self, folder):
-        log = Path(folder) / "Error.log"
-        self.assertFalse(log.exists(), f"Error.log: {file_bytes(log).decode('latin-1')}")
+    def assert_no_errors_logged(self):
+        self.assertEqual("", self.error_log(), "Error.log")
+
+    def assert_becomes(self, expected, observe, timeout=10):
+        """Waits until observe() returns `expected`, for what may arrive a
+        little after the moment it was caused; shows the difference when
+        the deadline passes."""
+        try:
+            return wait_until(observe, timeout, "", accept=lambda seen: seen == expected)
+        except AssertionError:
+            pass
+        self.assertEqual(expected, observe())
+
+    def assert_holds(self, condition, seconds, what):
+        """Watches a condition for a span of time: for what must not happen
+        while something else (a pause, a wait) lasts."""
+        end = time.monotonic() + seconds
+        while time.monotonic() < end:
+            self.assertTrue(condition(), what)
+            time.sleep(POLL_SECONDS)

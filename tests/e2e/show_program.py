@@ -52,19 +52,20 @@ def main():
 
     class ProgramRun(WineOperations):
         def __init__(self):
-            self.session = wine_session.session(managed_windows=interactive)
+            running = wine_session.session(managed_windows=interactive)
+            self.prefix, self.display = running.prefix, running.display.name
             self.out = wine_session.OUT_DIR / "run_program"
             self.out.mkdir(parents=True, exist_ok=True)
             self.started = []
 
     run = ProgramRun()
     try:
-        folder = wine_session.BUILD_DIR / "program"
-        folder.mkdir(exist_ok=True)
-        install_program(folder)
-        script = script_for(folder, wine_session.REPO)
-        process = run.start_klickwerk(folder, win_path(script), "/nostart", "/norep")
-        print(f"Klickwerk runs on display {run.session.display.name} with {script.name}")
+        run.folder = wine_session.BUILD_DIR / "program"
+        run.folder.mkdir(exist_ok=True)
+        install_program(run.folder)
+        script = script_for(run.folder, wine_session.REPO)
+        run.klickwerk = run.start_klickwerk(win_path(script), "/nostart", "/norep")
+        print(f"Klickwerk runs on display {run.display} with {script.name}")
 
         def main_window():
             box = None if interactive else run.driver("msgbox", allow_missing=True)
@@ -73,13 +74,13 @@ def main():
                 run.answer("No" if "No" in box["buttons"] else box["buttons"][0])
             return next(iter(run.main_windows()), None)
 
-        window = wine_session.wait_until(main_window, 600 if interactive else 60, "the main window")
+        run.main = wine_session.wait_until(main_window, 600 if interactive else 60, "the main window")
         print(f"Screenshot: {run.screenshot('klickwerk')}")
         if interactive and not arguments.close:
             print("Close Klickwerk's window to end.")
-            process.wait()
+            run.klickwerk.wait()
         else:
-            run.close_klickwerk(process, window)
+            run.close_klickwerk()
     finally:
         run.stop_started()
         wine_session.close_session()

@@ -40,14 +40,14 @@ WINE = _first_program("/usr/lib/wine/wine64", "wine64", "wine")
 WINESERVER = _first_program("/usr/lib/wine/wineserver64", "wineserver64", "wineserver")
 
 
-def wait_until(condition, timeout, what):
-    """Polls condition() until it returns something truthy; fails the test
-    with the last value seen when the deadline passes."""
+def wait_until(condition, timeout, what, accept=bool):
+    """Polls condition() until accept() takes its value (by default: until it
+    is truthy) and returns that value; fails the test with the last value
+    seen when the deadline passes."""
     deadline = time.monotonic() + timeout * TIMEOUT_SCALE
-    last = None
     while True:
         last = condition()
-        if last:
+        if accept(last):
             return last
         if time.monotonic() > deadline:
             raise AssertionError(f"timed out after {timeout} s waiting for {what}; last seen: {last!r}")
@@ -106,32 +106,36 @@ class VirtualDisplay:
 class WinePrefix:
     """A prefix in the build tree, created once and reused afterwards.
 
-    The tests' prefix makes windows unmanaged: without a window manager, every
+    The tests' prefixes make windows unmanaged: without a window manager, every
     hide or close of a managed window waits two seconds for an answer that
     never comes. A prefix for the user's own desktop keeps managed windows."""
 
     READY_MARK = ".klickwerk-ready"
-    NO_CRASH_DIALOG = (r"HKCU\Software\Wine\WineDbg", "ShowCrashDialog", "0")
-    UNMANAGED_WINDOWS = (r"HKCU\Software\Wine\X11 Driver", "Managed", "N")
+    NO_CRASH_DIALOG = (r"HKCU\Software\Wine\WineDbg", "ShowCrashDialog", "REG_SZ", "0")
+    UNMANAGED_WINDOWS = (r"HKCU\Software\Wine\X11 Driver", "Managed", "REG_SZ", "N")
+    DPI_144 = (r"HKCU\Control Panel\Desktop", "LogPixels", "REG_DWORD", "144")
 
-    def __init__(self, display, managed_windows=False):
-        self.path = BUILD_DIR / ("wineprefix-desktop" if managed_windows else "wineprefix")
-        self.settings = [self.NO_CRASH_DIALOG] + ([] if managed_windows else [self.UNMANAGED_WINDOWS])
+    def __init__(self, display, name="wineprefix", settings=(UNMANAGED_WINDOWS,)):
+        """settings: registry values (key, name, type, data) the prefix gets
+        when it is created."""
+        self.path = BUILD_DIR / name
+        self.settings = [self.NO_CRASH_DIALOG, *settings]
         self.env = dict(os.environ, WINEPREFIX=str(self.path), WINEDEBUG="-all",
                         WINEDLLOVERRIDES="mscoree,mshtml=", DISPLAY=display)
         self.env.pop("WINELOADER", None)
 
     def ensure(self):
         if (self.path / self.READY_MARK).exists():
-            return
+            return self
         self.path.mkdir(parents=True, exist_ok=True)
-        self._run([WINE, "wineboot", "-i"], 300)
-        for key, name, value in self.settings:
-            self._run([WINE, "reg", "add", key, "/v", name, "/t", "REG_SZ", "/d", value, "/f"], 60)
+        self.run([WINE, "wineboot", "-i"], 300)
+        for key, name, kind, data in self.settings:
+            self.run([WINE, "reg", "add", key, "/v", name, "/t", kind, "/d", data, "/f"], 60)
         self.kill()
         (self.path / self.READY_MARK).write_text("wineboot done\n")
+        return self
 
-    def _run(self, command, timeout):
+    def run(self, command, timeout=60):
         subprocess.run(command, env=self.env, timeout=timeout * TIMEOUT_SCALE, check=True,
                        stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
 
@@ -155,13 +159,9 @@ class Session:
 
     def start(self):
         display = self.display.start()
-        self.prefix = WinePrefix(display, self.managed_windows)
-        self.prefix.ensure()
+        managed = {"name": "wineprefix-desktop", "settings": ()} if self.managed_windows else {}
+        self.prefix = WinePrefix(display, **managed).ensure()
         return self
-
-    @property
-    def env(self):
-        return self.prefix.env
 
     def stop(self):
         if self.prefix:

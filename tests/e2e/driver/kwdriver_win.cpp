@@ -2,50 +2,43 @@
 // the way accessibility tools do, and prints what it found as JSON.
 //
 //   kwdriver [--wait <ms>] <command> [arguments]
-//     windows [--all]            top-level windows (titled ones unless --all)
-//     processes                  running processes with their command lines and
-//                                start-up window states
-//     window <target>            caption, rectangle, client size and screen
-//                                origin, states
+//     windows                    titled top-level windows
+//     window <target>            states, rectangle, client size and screen origin
 //     controls <target>          child windows with class, text and states
-//     grid <target>              the first list view: headers, widths, cells,
-//                                check marks and selection
-//     status <target>            the status bar's panel texts, tool tips and
-//                                rectangles on the screen
-//     toolbar <target>           the toolbar's buttons: id, caption, states,
-//                                screen rectangle
+//     grid <target>              the list view's rows: cells and check mark
+//     status <target>            the status bar's panels: text, screen rectangle
+//     toolbar <target>           the toolbar's buttons: caption, enabled state
 //     toolclick <target> <caption>  presses a toolbar button by its caption
-//     resize <target> <w> <h>    gives the window a new outer size (pixels)
-//     syscommand <target> minimize|maximize|restore
-//                                what the caption buttons send
-//     redraw <target>            repaints the window and all its children now
-//     msgbox [--pid <pid>]       the first visible message box or dialog
-//     answer <button> [--pid <pid>]  presses a message-box button by its text
-//     click <target> <button>    presses a push button of a window by its text
-//     close <target>             posts WM_CLOSE
-//     foreground <target>        makes the window the foreground window
+//     click <target> <button>    presses a push button by its text
 //     select <target> [row ...]  selects exactly these grid rows (1-based)
+//     syscommand <target> minimize|restore  what the caption buttons send
+//     redraw <target>            repaints the window and all its children now
+//     foreground <target>        makes the window the foreground window
+//     close <target>             posts WM_CLOSE
 //     presskey <target> <vk> <button>  holds the virtual key down until the
 //                                push button is enabled; prints the time
+//     startup <exe>              how a running program was told to show its
+//                                window: STARTUPINFO's flags and show command
+//     msgbox [--pid <pid>]       the first visible message box or dialog
+//     answer <button> [--pid <pid>]  presses a message-box button by its text
 //
-// A target is an exact window title, "pid=<Windows process id>" or
-// "hwnd=<decimal handle>" (as "windows" prints it). Exit code
-// 0 on success, 2 when the window or control was not found (retried until the
-// --wait time is over), 1 on a usage error or a failed read.
+// A target is an exact window title or "hwnd=<decimal handle>" (as "windows"
+// prints it). Exit code 0 on success, 2 when the window or control was not
+// found (retried until the --wait time is over), 1 on a usage error or a
+// failed read.
 #include <windows.h>
+
 #include <commctrl.h>
+#include <timeapi.h>
+#include <tlhelp32.h>
+#include <winternl.h>
 
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
 #include <string>
 #include <vector>
 
-#include "control_read.h"
-#include "json_writer.h"
-#include "key_press.h"
-#include "process_info.h"
-#include "window_find.h"
+#include "remote_controls.h"
 
 namespace {
 
@@ -60,218 +53,320 @@ using Args = std::vector<std::string>;
 
 Result Fail(int code, const std::string& reason) { return {code, reason}; }
 
-void WriteRect(JsonWriter& json, const RECT& rect) {
-    json.BeginArray().Number(rect.left).Number(rect.top).Number(rect.right).Number(rect.bottom).EndArray();
-}
-
-void WriteWindowInfo(JsonWriter& json, const WindowInfo& info) {
-    json.BeginObject();
-    json.Key("hwnd").Number(reinterpret_cast<INT_PTR>(info.window));
-    json.Key("pid").Number(info.processId);
-    json.Key("id").Number(info.id);
-    json.Key("class").String(info.className);
-    json.Key("text").String(info.text);
-    json.Key("visible").Bool(info.visible);
-    json.Key("enabled").Bool(info.enabled);
-    json.Key("rect");
-    WriteRect(json, info.rect);
-    json.EndObject();
-}
-
-Result ListWindows(const Args& args) {
-    const bool all = args.size() > 1 && args[1] == "--all";
-    JsonWriter json;
-    json.BeginArray();
-    for (HWND window : TopLevelWindows()) {
-        const WindowInfo info = Describe(window);
-        if (all || !info.text.empty()) WriteWindowInfo(json, info);
+// JSON pieces. Texts come from other programs' controls in the ANSI code page
+// and are written as UTF-8.
+std::string Text(const std::string& ansi) {
+    std::wstring wide(ansi.size(), L'\0');
+    wide.resize(MultiByteToWideChar(CP_ACP, 0, ansi.data(), static_cast<int>(ansi.size()), wide.data(),
+                                    static_cast<int>(wide.size())));
+    std::string utf8(wide.size() * 3, '\0');
+    utf8.resize(WideCharToMultiByte(CP_UTF8, 0, wide.data(), static_cast<int>(wide.size()), utf8.data(),
+                                    static_cast<int>(utf8.size()), nullptr, nullptr));
+    std::string quoted = "\"";
+    for (unsigned char c : utf8) {
+        char escape[8] = {static_cast<char>(c), '\0'};
+        if (c < 0x20) snprintf(escape, sizeof escape, "\\u%04x", c);
+        if (c == '"' || c == '\\') quoted += '\\';
+        quoted += escape;
     }
-    json.EndArray();
-    return {kOk, json.Text()};
+    return quoted + '"';
 }
 
-Result ListProcesses() {
-    JsonWriter json;
-    json.BeginArray();
-    for (const ProcessInfo& process : RunningProcesses()) {
-        json.BeginObject().Key("pid").Number(process.processId).Key("exe").String(process.exe);
-        json.Key("commandLine").String(process.commandLine).Key("startupRead").Bool(process.startupRead);
-        json.Key("startupFlags").Number(process.startupFlags).Key("showWindow").Number(process.showWindow);
-        json.EndObject();
+std::string Number(long long value) { return std::to_string(value); }
+std::string Flag(bool value) { return value ? "true" : "false"; }
+
+std::string List(const std::vector<std::string>& items) {
+    std::string list;
+    for (const std::string& item : items) list += (list.empty() ? "" : ",") + item;
+    return "[" + list + "]";
+}
+
+std::string Object(std::initializer_list<std::pair<const char*, std::string>> fields) {
+    std::string object;
+    for (const auto& [key, value] : fields) object += (object.empty() ? "\"" : ",\"") + std::string(key) + "\":" + value;
+    return "{" + object + "}";
+}
+
+std::string Rect(const RECT& rect) {
+    return List({Number(rect.left), Number(rect.top), Number(rect.right), Number(rect.bottom)});
+}
+
+// Windows ---------------------------------------------------------------------
+
+// The window's text as the window itself reports it, with a time limit so a
+// busy target cannot hang the driver; then the title the system keeps.
+std::string WindowText(HWND window) {
+    DWORD_PTR length = 0;
+    if (!SendMessageTimeoutA(window, WM_GETTEXTLENGTH, 0, 0, SMTO_ABORTIFHUNG, 3000, &length)) {
+        char text[1024];
+        return std::string(text, static_cast<size_t>(GetWindowTextA(window, text, sizeof text)));
     }
-    json.EndArray();
-    return {kOk, json.Text()};
+    std::string text(length + 1, '\0');
+    DWORD_PTR copied = 0;
+    SendMessageTimeoutA(window, WM_GETTEXT, length + 1, reinterpret_cast<LPARAM>(text.data()), SMTO_ABORTIFHUNG,
+                        3000, &copied);
+    text.resize(copied);
+    return text;
 }
 
-Result ShowWindowState(HWND window) {
-    const WindowInfo info = Describe(window);
-    RECT client{};
+std::string ClassOf(HWND window) {
+    char name[256];
+    return std::string(name, static_cast<size_t>(GetClassNameA(window, name, sizeof name)));
+}
+
+std::string WithoutMnemonics(const std::string& text) {
+    std::string plain;
+    for (size_t i = 0; i < text.size(); ++i) {
+        if (text[i] == '&' && i + 1 < text.size()) ++i;  // "&&" stands for one ampersand
+        plain += text[i];
+    }
+    return plain;
+}
+
+BOOL CALLBACK CollectWindow(HWND window, LPARAM list) {
+    reinterpret_cast<std::vector<HWND>*>(list)->push_back(window);
+    return TRUE;
+}
+
+// Top-level windows when parent is null.
+std::vector<HWND> Windows(HWND parent) {
+    std::vector<HWND> windows;
+    if (parent) EnumChildWindows(parent, CollectWindow, reinterpret_cast<LPARAM>(&windows));
+    else EnumWindows(CollectWindow, reinterpret_cast<LPARAM>(&windows));
+    return windows;
+}
+
+std::string Describe(HWND window) {
+    DWORD processId = 0;
+    GetWindowThreadProcessId(window, &processId);
+    RECT rect{};
+    GetWindowRect(window, &rect);
+    return Object({{"hwnd", Number(reinterpret_cast<INT_PTR>(window))}, {"pid", Number(processId)},
+                   {"class", Text(ClassOf(window))}, {"text", Text(WindowText(window))},
+                   {"visible", Flag(IsWindowVisible(window))}, {"enabled", Flag(IsWindowEnabled(window))},
+                   {"rect", Rect(rect)}});
+}
+
+// Visible windows win over hidden ones with the same title.
+HWND FindTopLevel(const std::string& target) {
+    if (target.rfind("hwnd=", 0) == 0) {
+        HWND window = reinterpret_cast<HWND>(static_cast<INT_PTR>(strtoll(target.c_str() + 5, nullptr, 10)));
+        return IsWindow(window) ? window : nullptr;
+    }
+    HWND hidden = nullptr;
+    for (HWND window : Windows(nullptr)) {
+        if (WindowText(window) != target) continue;
+        if (IsWindowVisible(window)) return window;
+        if (!hidden) hidden = window;
+    }
+    return hidden;
+}
+
+// The first descendant of the class whose text, without mnemonics and in any
+// case, is `text`; any text when it is empty.
+HWND FindDescendant(HWND parent, const char* className, const std::string& text = "") {
+    for (HWND window : Windows(parent)) {
+        if (_stricmp(ClassOf(window).c_str(), className) == 0 &&
+            (text.empty() || _stricmp(WithoutMnemonics(WindowText(window)).c_str(), text.c_str()) == 0)) {
+            return window;
+        }
+    }
+    return nullptr;
+}
+
+// WM_COMMAND with the control's id is what a click on it sends; unlike
+// BM_CLICK it does not depend on which window has the focus.
+void PostClick(HWND parent, int id, HWND control) {
+    PostMessageA(parent, WM_COMMAND, MAKEWPARAM(id, BN_CLICKED), reinterpret_cast<LPARAM>(control));
+}
+
+// Commands on a window ---------------------------------------------------------
+
+Result ShowWindowState(HWND window, const Args&) {
+    RECT rect{}, client{};
+    GetWindowRect(window, &rect);
     GetClientRect(window, &client);
-    JsonWriter json;
-    json.BeginObject();
-    json.Key("hwnd").Number(reinterpret_cast<INT_PTR>(window));
-    json.Key("pid").Number(info.processId);
-    json.Key("title").String(info.text);
-    json.Key("class").String(info.className);
-    json.Key("visible").Bool(info.visible);
-    json.Key("enabled").Bool(info.enabled);
-    json.Key("minimized").Bool(IsIconic(window) != FALSE);
-    json.Key("maximized").Bool(IsZoomed(window) != FALSE);
-    json.Key("foreground").Bool(GetForegroundWindow() == window);
-    json.Key("topmost").Bool((GetWindowLongA(window, GWL_EXSTYLE) & WS_EX_TOPMOST) != 0);
-    json.Key("rect");
-    WriteRect(json, info.rect);
-    json.Key("client").BeginArray().Number(client.right).Number(client.bottom).EndArray();
     POINT origin{};
     ClientToScreen(window, &origin);
-    json.Key("clientOrigin").BeginArray().Number(origin.x).Number(origin.y).EndArray();
-    json.EndObject();
-    return {kOk, json.Text()};
+    return {kOk, Object({{"visible", Flag(IsWindowVisible(window))}, {"minimized", Flag(IsIconic(window))},
+                         {"maximized", Flag(IsZoomed(window))},
+                         {"topmost", Flag(GetWindowLongA(window, GWL_EXSTYLE) & WS_EX_TOPMOST)},
+                         {"rect", Rect(rect)}, {"client", List({Number(client.right), Number(client.bottom)})},
+                         {"clientOrigin", List({Number(origin.x), Number(origin.y)})}})};
 }
 
-Result ListControls(HWND window) {
-    JsonWriter json;
-    json.BeginArray();
-    for (HWND child : Descendants(window)) WriteWindowInfo(json, Describe(child));
-    json.EndArray();
-    return {kOk, json.Text()};
+Result ListControls(HWND window, const Args&) {
+    std::vector<std::string> controls;
+    for (HWND child : Windows(window)) controls.push_back(Describe(child));
+    return {kOk, List(controls)};
 }
 
-Result ShowGrid(HWND window) {
-    HWND listView = FindDescendantByClass(window, "SysListView32");
+Result ShowGrid(HWND window, const Args&) {
+    HWND listView = FindDescendant(window, WC_LISTVIEWA);
+    std::vector<GridRow> rows;
     if (!listView) return Fail(kNotFound, "no list view in the window");
-    GridContents grid;
-    if (!ReadGrid(listView, grid)) return Fail(kFailed, "could not read the list view");
-    JsonWriter json;
-    json.BeginObject().Key("columns").BeginArray();
-    for (const GridColumn& column : grid.columns) {
-        json.BeginObject().Key("header").String(column.header).Key("width").Number(column.width).EndObject();
+    if (!ReadGrid(listView, rows)) return Fail(kFailed, "could not read the list view");
+    std::vector<std::string> items;
+    for (const GridRow& row : rows) {
+        std::vector<std::string> cells;
+        for (const std::string& cell : row.cells) cells.push_back(Text(cell));
+        items.push_back(Object({{"cells", List(cells)}, {"checked", Flag(row.checked)}}));
     }
-    json.EndArray().Key("rows").BeginArray();
-    for (const GridRow& row : grid.rows) {
-        json.BeginObject().Key("cells").BeginArray();
-        for (const std::string& cell : row.cells) json.String(cell);
-        json.EndArray();
-        json.Key("checked").Bool(row.checked).Key("selected").Bool(row.selected);
-        json.Key("focused").Bool(row.focused).EndObject();
-    }
-    json.EndArray().EndObject();
-    return {kOk, json.Text()};
+    return {kOk, List(items)};
 }
 
-Result ShowStatusPanels(HWND window) {
-    HWND statusBar = FindDescendantByClass(window, "msctls_statusbar32");
+Result ShowStatusBar(HWND window, const Args&) {
+    HWND statusBar = FindDescendant(window, STATUSCLASSNAMEA);
+    std::vector<StatusPanel> panels;
     if (!statusBar) return Fail(kNotFound, "no status bar in the window");
-    std::vector<std::string> panels;
-    std::vector<std::string> tips;
-    std::vector<RECT> rects;
-    const bool read = ReadStatusPanels(statusBar, panels) && ReadStatusTips(statusBar, tips) &&
-                      ReadStatusRects(statusBar, rects);
-    if (!read) return Fail(kFailed, "could not read the status bar");
-    JsonWriter json;
-    json.BeginObject().Key("panels").BeginArray();
-    for (const std::string& panel : panels) json.String(panel);
-    json.EndArray().Key("tips").BeginArray();
-    for (const std::string& tip : tips) json.String(tip);
-    json.EndArray().Key("rects").BeginArray();
-    for (const RECT& rect : rects) WriteRect(json, rect);
-    json.EndArray().EndObject();
-    return {kOk, json.Text()};
+    if (!ReadStatusBar(statusBar, panels)) return Fail(kFailed, "could not read the status bar");
+    std::vector<std::string> texts, rects;
+    for (const StatusPanel& panel : panels) {
+        texts.push_back(Text(panel.text));
+        rects.push_back(Rect(panel.rect));
+    }
+    return {kOk, Object({{"panels", List(texts)}, {"rects", List(rects)}})};
 }
 
-Result ShowToolbar(HWND window) {
-    HWND toolbar = FindDescendantByClass(window, TOOLBARCLASSNAMEA);
+// The toolbar's buttons, or the reason there are none.
+Result ReadToolbarOf(HWND window, HWND& toolbar, std::vector<ToolbarButton>& buttons) {
+    toolbar = FindDescendant(window, TOOLBARCLASSNAMEA);
     if (!toolbar) return Fail(kNotFound, "no toolbar in the window");
-    std::vector<ToolbarButtonInfo> buttons;
     if (!ReadToolbar(toolbar, buttons)) return Fail(kFailed, "could not read the toolbar");
-    JsonWriter json;
-    json.BeginArray();
-    for (const ToolbarButtonInfo& button : buttons) {
-        json.BeginObject().Key("id").Number(button.id).Key("text").String(button.text);
-        json.Key("enabled").Bool(button.enabled).Key("pressed").Bool(button.pressed);
-        json.Key("dropdown").Bool(button.dropDown).Key("rect");
-        WriteRect(json, button.rect);
-        json.EndObject();
-    }
-    json.EndArray();
-    return {kOk, json.Text()};
+    return {};
 }
 
-// A toolbar reports a click on a button to its parent as WM_COMMAND with the
-// button's id and the toolbar's handle.
+Result ShowToolbar(HWND window, const Args&) {
+    HWND toolbar = nullptr;
+    std::vector<ToolbarButton> buttons;
+    Result read = ReadToolbarOf(window, toolbar, buttons);
+    if (read.code != kOk) return read;
+    std::vector<std::string> items;
+    for (const ToolbarButton& button : buttons) {
+        items.push_back(Object({{"text", Text(button.text)}, {"enabled", Flag(button.enabled)}}));
+    }
+    return {kOk, List(items)};
+}
+
+// A toolbar reports a click on a button to its parent with the toolbar's handle.
 Result ClickToolbarButton(HWND window, const Args& args) {
-    if (args.size() < 3) return Fail(kFailed, "toolclick needs a window and a button caption");
-    HWND toolbar = FindDescendantByClass(window, TOOLBARCLASSNAMEA);
-    std::vector<ToolbarButtonInfo> buttons;
-    if (!toolbar || !ReadToolbar(toolbar, buttons)) return Fail(kNotFound, "no readable toolbar in the window");
-    for (const ToolbarButtonInfo& button : buttons) {
-        if (WithoutMnemonics(button.text) != args[2]) continue;
-        PostMessageA(GetParent(toolbar), WM_COMMAND, MAKEWPARAM(button.id, BN_CLICKED),
-                     reinterpret_cast<LPARAM>(toolbar));
-        JsonWriter json;
-        json.BeginObject().Key("pressed").String(button.text).Key("enabled").Bool(button.enabled).EndObject();
-        return {kOk, json.Text()};
+    HWND toolbar = nullptr;
+    std::vector<ToolbarButton> buttons;
+    Result read = ReadToolbarOf(window, toolbar, buttons);
+    if (read.code != kOk) return read;
+    for (const ToolbarButton& button : buttons) {
+        if (args.size() < 3 || WithoutMnemonics(button.text) != args[2]) continue;
+        PostClick(GetParent(toolbar), button.id, toolbar);
+        return {kOk, Object({{"pressed", Text(button.text)}})};
     }
-    return Fail(kNotFound, "no toolbar button " + args[2]);
+    return Fail(kNotFound, "no such toolbar button");
 }
 
-Result Resize(HWND window, const Args& args) {
-    if (args.size() < 4) return Fail(kFailed, "resize needs a window, a width and a height");
-    const int width = atoi(args[2].c_str());
-    const int height = atoi(args[3].c_str());
-    SetWindowPos(window, nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-    return ShowWindowState(window);
+Result ClickButton(HWND window, const Args& args) {
+    HWND button = args.size() < 3 ? nullptr : FindDescendant(window, "Button", args[2]);
+    if (!button) return Fail(kNotFound, "no such button");
+    PostClick(GetParent(button), GetDlgCtrlID(button), button);
+    return {kOk, Object({{"pressed", Text(args[2])}})};
+}
+
+Result SelectRows(HWND window, const Args& args) {
+    HWND listView = FindDescendant(window, WC_LISTVIEWA);
+    if (!listView) return Fail(kNotFound, "no list view in the window");
+    std::vector<int> rows;
+    for (size_t i = 2; i < args.size(); ++i) rows.push_back(atoi(args[i].c_str()) - 1);
+    if (!SelectGridRows(listView, rows)) return Fail(kFailed, "could not select the rows");
+    return ShowGrid(window, args);
 }
 
 Result PostSysCommand(HWND window, const Args& args) {
-    static const struct {
-        const char* name;
-        WPARAM command;
-    } kCommands[] = {{"minimize", SC_MINIMIZE}, {"maximize", SC_MAXIMIZE}, {"restore", SC_RESTORE}};
-    for (const auto& entry : kCommands) {
-        if (args.size() < 3 || args[2] != entry.name) continue;
-        PostMessageA(window, WM_SYSCOMMAND, entry.command, 0);
-        JsonWriter json;
-        json.BeginObject().Key("posted").String(entry.name).EndObject();
-        return {kOk, json.Text()};
-    }
-    return Fail(kFailed, "syscommand needs minimize, maximize or restore");
+    const std::string command = args.size() < 3 ? "" : args[2];
+    if (command != "minimize" && command != "restore") return Fail(kFailed, "syscommand needs minimize or restore");
+    PostMessageA(window, WM_SYSCOMMAND, command == "minimize" ? SC_MINIMIZE : SC_RESTORE, 0);
+    return {kOk, Object({{"posted", Text(command)}})};
 }
 
-Result Redraw(HWND window) {
+Result Redraw(HWND window, const Args& args) {
     const UINT everything = RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN | RDW_UPDATENOW;
     if (!RedrawWindow(window, nullptr, nullptr, everything)) return Fail(kFailed, "RedrawWindow failed");
-    return ShowWindowState(window);
+    return ShowWindowState(window, args);
 }
 
-// The message text of a message box is the static control 0xFFFF; other
-// dialogs get their longest static text.
-std::string DialogText(HWND dialog) {
-    std::string longest;
-    for (HWND child : Descendants(dialog)) {
-        if (_stricmp(ClassOf(child).c_str(), "Static") != 0) continue;
-        const std::string text = WindowText(child);
-        if (GetDlgCtrlID(child) == 0xFFFF) return text;
-        if (text.size() > longest.size()) longest = text;
-    }
-    return longest;
+Result BringToFront(HWND window, const Args&) {
+    return {kOk, Object({{"foreground", Flag(SetForegroundWindow(window))}})};
 }
 
-void WriteDialog(JsonWriter& json, HWND dialog) {
+Result PostClose(HWND window, const Args&) {
+    PostMessageA(window, WM_CLOSE, 0, 0);
+    return {kOk, Object({{"closed", Number(reinterpret_cast<INT_PTR>(window))}})};
+}
+
+// Presses the key as a keyboard does (keybd_event also sets the asynchronous
+// state that polling programs read). The key must find the button disabled (a
+// run in progress) and end with it enabled again: the time between is how
+// long the program took to stop.
+Result PressKeyUntilEnabled(HWND window, const Args& args) {
+    HWND button = args.size() < 4 ? nullptr : FindDescendant(window, "Button", args[3]);
+    if (!button) return Fail(kNotFound, "no such button");
+    if (IsWindowEnabled(button)) return Fail(kFailed, "the button is enabled already");
+    LARGE_INTEGER frequency, start, now;
+    QueryPerformanceFrequency(&frequency);
+    auto elapsedMs = [&] {
+        QueryPerformanceCounter(&now);
+        return static_cast<double>(now.QuadPart - start.QuadPart) * 1000.0 / static_cast<double>(frequency.QuadPart);
+    };
+    const BYTE key = static_cast<BYTE>(strtoul(args[2].c_str(), nullptr, 10));
+    timeBeginPeriod(1);  // fine sleeps: the poll adds about a millisecond at most
+    QueryPerformanceCounter(&start);
+    keybd_event(key, 0, 0, 0);
+    bool enabled = false;
+    while (!(enabled = IsWindowEnabled(button) != FALSE) && elapsedMs() < 10000) Sleep(1);
+    const double milliseconds = elapsedMs();
+    keybd_event(key, 0, KEYEVENTF_KEYUP, 0);
+    timeEndPeriod(1);
+    if (!enabled) return Fail(kFailed, "the button stayed disabled");
+    char text[32];
+    snprintf(text, sizeof text, "%.2f", milliseconds);
+    return {kOk, Object({{"ms", text}})};
+}
+
+// Processes ------------------------------------------------------------------------
+
+// Where a 64-bit process's parameters block keeps STARTUPINFO's dwFlags, with
+// wShowWindow after it; the public header declares only the command line of it.
+const SIZE_T kWindowFlagsOffset = 0xA4;
+
+DWORD ProcessOf(const std::string& exe) {
+    HANDLE snapshot = CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0);
+    PROCESSENTRY32 entry{};
+    entry.dwSize = sizeof entry;
     DWORD processId = 0;
-    GetWindowThreadProcessId(dialog, &processId);
-    json.Key("hwnd").Number(reinterpret_cast<INT_PTR>(dialog));
-    json.Key("pid").Number(processId);
-    json.Key("title").String(WindowText(dialog));
-    json.Key("text").String(DialogText(dialog));
-    json.Key("buttons").BeginArray();
-    for (HWND child : Descendants(dialog)) {
-        if (_stricmp(ClassOf(child).c_str(), "Button") == 0 && IsWindowVisible(child)) {
-            json.String(WithoutMnemonics(WindowText(child)));
-        }
+    for (BOOL more = Process32First(snapshot, &entry); more && !processId; more = Process32Next(snapshot, &entry)) {
+        if (_stricmp(entry.szExeFile, exe.c_str()) == 0) processId = entry.th32ProcessID;
     }
-    json.EndArray();
+    CloseHandle(snapshot);
+    return processId;
 }
+
+Result ShowStartup(const Args& args) {
+    const DWORD processId = args.size() < 2 ? 0 : ProcessOf(args[1]);
+    if (!processId) return Fail(kNotFound, "no such process");
+    using Query = LONG(WINAPI*)(HANDLE, PROCESSINFOCLASS, PVOID, ULONG, PULONG);
+    const auto query = reinterpret_cast<Query>(
+        reinterpret_cast<void*>(GetProcAddress(GetModuleHandleA("ntdll.dll"), "NtQueryInformationProcess")));
+    HANDLE process = OpenProcess(PROCESS_QUERY_INFORMATION | PROCESS_VM_READ, FALSE, processId);
+    PROCESS_BASIC_INFORMATION basic{};
+    PEB peb{};
+    ULONG flags[2] = {};
+    const bool read = process && query && query(process, ProcessBasicInformation, &basic, sizeof basic, nullptr) == 0 &&
+                      ReadProcessMemory(process, basic.PebBaseAddress, &peb, sizeof peb, nullptr) &&
+                      ReadProcessMemory(process, reinterpret_cast<char*>(peb.ProcessParameters) + kWindowFlagsOffset,
+                                        flags, sizeof flags, nullptr);
+    if (process) CloseHandle(process);
+    if (!read) return Fail(kFailed, "could not read the process parameters");
+    return {kOk, Object({{"startupFlags", Number(flags[0])}, {"showWindow", Number(flags[1])}})};
+}
+
+// Message boxes ------------------------------------------------------------------
 
 DWORD PidOption(const Args& args) {
     for (size_t i = 1; i + 1 < args.size(); ++i) {
@@ -280,122 +375,86 @@ DWORD PidOption(const Args& args) {
     return 0;
 }
 
+// The first visible message box or other standard dialog, of the process when
+// one is named.
 HWND FirstDialog(const Args& args) {
-    const std::vector<HWND> dialogs = VisibleDialogs(PidOption(args));
-    return dialogs.empty() ? nullptr : dialogs.front();
+    const DWORD processId = PidOption(args);
+    for (HWND window : Windows(nullptr)) {
+        DWORD owner = 0;
+        GetWindowThreadProcessId(window, &owner);
+        if (IsWindowVisible(window) && ClassOf(window) == "#32770" && (!processId || owner == processId)) return window;
+    }
+    return nullptr;
 }
 
-// WM_COMMAND with the button's id is what a click on it sends; unlike
-// BM_CLICK it does not depend on which window has the focus.
-void PressButton(HWND button) {
-    PostMessageA(GetParent(button), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(button), BN_CLICKED),
-                 reinterpret_cast<LPARAM>(button));
+// The message text of a message box is the static control 0xFFFF; other
+// dialogs get their longest static text.
+std::string DialogText(HWND dialog) {
+    std::string longest;
+    for (HWND child : Windows(dialog)) {
+        if (_stricmp(ClassOf(child).c_str(), "Static") != 0) continue;
+        const std::string text = WindowText(child);
+        if (GetDlgCtrlID(child) == 0xFFFF) return text;
+        if (text.size() > longest.size()) longest = text;
+    }
+    return longest;
 }
 
 Result ShowMessageBox(const Args& args) {
     HWND dialog = FirstDialog(args);
     if (!dialog) return Fail(kNotFound, "no message box");
-    JsonWriter json;
-    json.BeginObject();
-    WriteDialog(json, dialog);
-    json.EndObject();
-    return {kOk, json.Text()};
+    DWORD processId = 0;
+    GetWindowThreadProcessId(dialog, &processId);
+    std::vector<std::string> buttons;
+    for (HWND child : Windows(dialog)) {
+        if (_stricmp(ClassOf(child).c_str(), "Button") == 0 && IsWindowVisible(child)) {
+            buttons.push_back(Text(WithoutMnemonics(WindowText(child))));
+        }
+    }
+    return {kOk, Object({{"hwnd", Number(reinterpret_cast<INT_PTR>(dialog))}, {"pid", Number(processId)},
+                         {"title", Text(WindowText(dialog))}, {"text", Text(DialogText(dialog))},
+                         {"buttons", List(buttons)}})};
 }
 
 Result AnswerMessageBox(const Args& args) {
-    if (args.size() < 2) return Fail(kFailed, "answer needs a button text");
     HWND dialog = FirstDialog(args);
     if (!dialog) return Fail(kNotFound, "no message box");
-    HWND button = FindDescendantByText(dialog, args[1], "Button");
-    if (!button) return Fail(kFailed, "the message box has no button " + args[1]);
-    JsonWriter json;
-    json.BeginObject();
-    WriteDialog(json, dialog);
-    json.Key("pressed").String(WithoutMnemonics(WindowText(button)));
-    json.EndObject();
-    PressButton(button);
-    return {kOk, json.Text()};
+    HWND button = args.size() < 2 ? nullptr : FindDescendant(dialog, "Button", args[1]);
+    if (!button) return Fail(kFailed, "the message box has no such button");
+    PostClick(dialog, GetDlgCtrlID(button), button);
+    return {kOk, Object({{"pressed", Text(WithoutMnemonics(WindowText(button)))}})};
 }
 
-Result ClickButton(HWND window, const Args& args) {
-    if (args.size() < 3) return Fail(kFailed, "click needs a window and a button text");
-    HWND button = FindDescendantByText(window, args[2], "Button");
-    if (!button) return Fail(kNotFound, "no button " + args[2]);
-    PressButton(button);
-    JsonWriter json;
-    json.BeginObject().Key("pressed").String(args[2]).EndObject();
-    return {kOk, json.Text()};
-}
-
-Result PostClose(HWND window) {
-    PostMessageA(window, WM_CLOSE, 0, 0);
-    JsonWriter json;
-    json.BeginObject().Key("closed").Number(reinterpret_cast<INT_PTR>(window)).EndObject();
-    return {kOk, json.Text()};
-}
-
-Result BringToFront(HWND window) {
-    JsonWriter json;
-    json.BeginObject().Key("foreground").Bool(SetForegroundWindow(window) != FALSE).EndObject();
-    return {kOk, json.Text()};
-}
-
-Result SelectRows(HWND window, const Args& args) {
-    HWND listView = FindDescendantByClass(window, "SysListView32");
-    if (!listView) return Fail(kNotFound, "no list view in the window");
-    std::vector<int> rows;
-    for (size_t i = 2; i < args.size(); ++i) rows.push_back(atoi(args[i].c_str()) - 1);
-    if (!SelectGridRows(listView, rows)) return Fail(kFailed, "could not select the rows");
-    return ShowGrid(window);
-}
-
-// The key must find the button disabled (a run in progress) and end with it
-// enabled again: the time between is how long the program took to stop.
-Result PressKeyUntilEnabled(HWND window, const Args& args) {
-    if (args.size() < 4) return Fail(kFailed, "presskey needs a window, a virtual key and a button text");
-    HWND button = FindDescendantByText(window, args[3], "Button");
-    if (!button) return Fail(kNotFound, "no button " + args[3]);
-    if (IsWindowEnabled(button)) return Fail(kFailed, "the button " + args[3] + " is enabled already");
-    const BYTE key = static_cast<BYTE>(strtoul(args[2].c_str(), nullptr, 10));
-    const KeyReaction reaction = PressKeyUntil(key, [button] { return IsWindowEnabled(button) != FALSE; }, 10000);
-    if (!reaction.seen) return Fail(kFailed, "the button " + args[3] + " stayed disabled");
-    char milliseconds[32];
-    snprintf(milliseconds, sizeof milliseconds, "%.2f", reaction.milliseconds);
-    return {kOk, std::string("{\"ms\": ") + milliseconds + "}"};
-}
-
-Result RunOnWindow(const Args& args) {
-    if (args.size() < 2) return Fail(kFailed, args[0] + " needs a window title");
-    HWND window = FindTopLevel(args[1]);
-    if (!window) return Fail(kNotFound, "no window " + args[1]);
-    const std::string& command = args[0];
-    if (command == "window") return ShowWindowState(window);
-    if (command == "controls") return ListControls(window);
-    if (command == "grid") return ShowGrid(window);
-    if (command == "status") return ShowStatusPanels(window);
-    if (command == "click") return ClickButton(window, args);
-    if (command == "foreground") return BringToFront(window);
-    if (command == "select") return SelectRows(window, args);
-    if (command == "presskey") return PressKeyUntilEnabled(window, args);
-    if (command == "toolbar") return ShowToolbar(window);
-    if (command == "toolclick") return ClickToolbarButton(window, args);
-    if (command == "resize") return Resize(window, args);
-    if (command == "syscommand") return PostSysCommand(window, args);
-    if (command == "redraw") return Redraw(window);
-    return PostClose(window);
+Result ListWindows(const Args&) {
+    std::vector<std::string> windows;
+    for (HWND window : Windows(nullptr)) {
+        if (!WindowText(window).empty()) windows.push_back(Describe(window));
+    }
+    return {kOk, List(windows)};
 }
 
 Result Run(const Args& args) {
-    const std::string& command = args[0];
-    if (command == "windows") return ListWindows(args);
-    if (command == "processes") return ListProcesses();
-    if (command == "msgbox") return ShowMessageBox(args);
-    if (command == "answer") return AnswerMessageBox(args);
-    for (const char* name : {"window", "controls", "grid", "status", "click", "close", "foreground", "select",
-                             "presskey", "toolbar", "toolclick", "resize", "syscommand", "redraw"}) {
-        if (command == name) return RunOnWindow(args);
+    static const struct {
+        const char* name;
+        Result (*run)(HWND, const Args&);
+    } kWindowCommands[] = {
+        {"window", ShowWindowState}, {"controls", ListControls}, {"grid", ShowGrid},
+        {"status", ShowStatusBar}, {"toolbar", ShowToolbar}, {"toolclick", ClickToolbarButton},
+        {"click", ClickButton}, {"select", SelectRows}, {"syscommand", PostSysCommand},
+        {"redraw", Redraw}, {"foreground", BringToFront}, {"close", PostClose},
+        {"presskey", PressKeyUntilEnabled},
+    };
+    if (args[0] == "windows") return ListWindows(args);
+    if (args[0] == "startup") return ShowStartup(args);
+    if (args[0] == "msgbox") return ShowMessageBox(args);
+    if (args[0] == "answer") return AnswerMessageBox(args);
+    for (const auto& command : kWindowCommands) {
+        if (args[0] != command.name) continue;
+        if (args.size() < 2) return Fail(kFailed, args[0] + " needs a window");
+        HWND window = FindTopLevel(args[1]);
+        return window ? command.run(window, args) : Fail(kNotFound, "no window " + args[1]);
     }
-    return Fail(kFailed, "unknown command " + command);
+    return Fail(kFailed, "unknown command " + args[0]);
 }
 
 }  // namespace
@@ -408,8 +467,7 @@ int main(int argc, char** argv) {
         args.erase(args.begin(), args.begin() + 2);
     }
     if (args.empty()) {
-        fprintf(stderr, "usage: kwdriver [--wait ms] windows|processes|window|controls|grid|status|toolbar|msgbox|"
-                        "answer|click|toolclick|resize|syscommand|redraw|close|foreground|select|presskey ...\n");
+        fprintf(stderr, "usage: kwdriver [--wait ms] <command> [arguments]; the commands are listed in its source\n");
         return kFailed;
     }
     const DWORD start = GetTickCount();

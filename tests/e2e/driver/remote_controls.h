@@ -1,0 +1,31 @@
+#pragma once
+// Reading and operating common controls of another process, as accessibility
+// tools do: the messages that pass pointers get blocks of memory inside the
+// control's own process.
+#include <windows.h>
+
+#include <string>
+#include <vector>
+
+struct GridRow {
+    std::vector<std::string> cells;  // cell 0 is the item text
+    bool checked = false;
+};
+
+struct StatusPanel {
+    std::string text;
+    RECT rect{};  // screen pixels, where a click on the panel lands
+};
+
+struct ToolbarButton {
+    int id = 0;
+    std::string text;
+    bool enabled = false;
+};
+
+// Each returns false when a message to the control failed.
+bool ReadGrid(HWND listView, std::vector<GridRow>& rows);
+bool ReadStatusBar(HWND statusBar, std::vector<StatusPanel>& panels);
+bool ReadToolbar(HWND toolbar, std::vector<ToolbarButton>& buttons);
+// Selects exactly the given rows (0-based), as clicks with Ctrl held would.
+bool SelectGridRows(HWND listView, const std::vector<int>& rows);
