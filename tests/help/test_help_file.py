@@ -131,7 +131,8 @@ def main():
     with tempfile.TemporaryDirectory() as folder:
         inside = pathlib.Path(folder) / "chm"
         unpacked = subprocess.run(["extract_chmLib", sys.argv[1], str(inside)], capture_output=True, text=True)
-        found = {"extract_chmLib unpacks the help file": [unpacked.stdout + unpacked.stderr] * (unpacked.returncode != 0)}
+        output = [unpacked.stdout + unpacked.stderr] * (unpacked.returncode != 0)
+        found = {"extract_chmLib unpacks the help file": output}
         if unpacked.returncode == 0:
             found.update(problems(inside))
     for name, listed in found.items():
