@@ -84,7 +84,7 @@ def make_bench_case():
                         "at least 1,000 per second")
 
         def bench_waits(self):
-            process = self.start_windows_program(BUILD_DIR / "wait_bench.exe", "100", "0.05", name="wait_bench")
+            process = self.start_windows_program(BUILD_DIR / "wait_bench.exe", "100", "0.05")
             self.assertEqual(0, self.wait_for_exit(process, 120))
             output = (self.out / "wait_bench-0.out").read_text().strip().splitlines()[-1]
             self.report("waits", output, "mean under 2 ms, worst under 5 ms")

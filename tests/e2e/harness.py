@@ -29,7 +29,6 @@ SETTLED = {"FirstRun": 0, "OnTop": 0, "GRepeat": 0, "SmoothPointer": 0, "ShowCou
            "WithWindows": 0, "DYK": 0, "Enter4Step": 0, "MouseSaver": 0, "StopKey": 27, "StepCounter": 0,
            "Height": 6610, "RecMode": 0, "AutoStart": 0}
 BUTTONS = ["Start", "Stop", "RECORD", "Record options", "Repeat", "?"]
-NO_START = ("/nostart", "/norep")
 # Below the main window, which is centred on the 1280 x 1024 screen: clicks
 # at the probe's positions must land on the probe.
 PROBE_RECT = (20, 750, 1240, 250)
@@ -111,9 +110,8 @@ class WineOperations:
 
     # Processes ----------------------------------------------------------------
 
-    def start_windows_program(self, exe, *args, cwd=None, name=None):
-        name = name or Path(exe).stem
-        with open(self.out / f"{name}-{len(self.started)}.out", "wb") as log:
+    def start_windows_program(self, exe, *args, cwd=None):
+        with open(self.out / f"{Path(exe).stem}-{len(self.started)}.out", "wb") as log:
             process = subprocess.Popen([WINE, str(exe), *args], cwd=cwd or self.out, env=self.prefix.env,
                                        stdin=subprocess.DEVNULL, stdout=log, stderr=subprocess.STDOUT)
         self.started.append(process)
@@ -148,9 +146,9 @@ class WineOperations:
         return self.folder
 
     def start_klickwerk(self, *args):
-        return self.start_windows_program(self.folder / "Klickwerk.exe", *args, cwd=self.folder, name="klickwerk")
+        return self.start_windows_program(self.folder / "Klickwerk.exe", *args, cwd=self.folder)
 
-    def open_program(self, script=None, switches=NO_START, working_copy=None, files=None, **changes):
+    def open_program(self, script=None, switches=("/nostart", "/norep"), working_copy=None, files=None, **changes):
         """Klickwerk in a fresh folder with the settled settings, some changed,
         and the files; with script lines, started on them as Scripts\\play.kwf
         with the switches. Returns the main window once the grid holds the
@@ -212,13 +210,6 @@ class WineOperations:
         if code != 0:
             raise AssertionError(f"kwdriver {' '.join(args)} failed ({code}): {reason} / out: {answer!r}")
         return json.loads(answer)
-
-    def wait_for_window(self, title, timeout=20):
-        """The visible top-level window with exactly this title."""
-        def visible():
-            window = self.driver("window", title, allow_missing=True)
-            return window if window and window["visible"] else None
-        return wait_until(visible, timeout, f"a visible window {title!r}")
 
     def main_windows(self):
         """Visible windows with the program's title that hold a list view: main
@@ -334,7 +325,7 @@ class WineOperations:
         and its process."""
         probe = ProbeEvents(self.out / f"probe-{len(self.started)}.log")
         process = self.start_windows_program(BUILD_DIR / "probe.exe", "--log", win_path(probe.log), "--title", title,
-                                             "--rect", ",".join(str(v) for v in rect), name="probe")
+                                             "--rect", ",".join(str(v) for v in rect))
         _, pid, x, y, width, height = wait_until(lambda: probe.events("ready"), 20, f"the probe {title!r}")[0]
         return probe, types.SimpleNamespace(pid=pid, x=x, y=y, width=width, height=height, process=process)
 
@@ -355,8 +346,9 @@ class WineOperations:
         """Gives the window the X input focus; Win32 activation alone does not
         route X keyboard events to it. Never the root window: afterwards no X
         keys would reach any Wine window."""
-        def search():
-            return self.xdotool("search", "--onlyvisible", "--name", f"^{re.escape(title)}$").split()
+        def search():  # xdotool fails while there is none
+            return subprocess.run(["xdotool", "search", "--onlyvisible", "--name", f"^{re.escape(title)}$"],
+                                  env=self.prefix.env, capture_output=True, text=True, timeout=20).stdout.split()
         self.xdotool("windowfocus", "--sync", wait_until(search, 20, f"the X window {title!r}")[0])
 
     def move_pointer(self, x, y):

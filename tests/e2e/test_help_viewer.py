@@ -3,7 +3,7 @@ program, maximised. Wine's viewer here has no HTML engine for the pages, but
 it shows the compiled file's own title, which tells that the file itself was
 opened (its inside is checked by tests/help)."""
 from harness import WineTestCase
-from wine_session import BUILD_DIR
+from wine_session import BUILD_DIR, wait_until
 
 HELP_WINDOW = "Klickwerk Help"  # the title compiled into Klickwerk.chm
 STARTF_USESHOWWINDOW, SW_MAXIMIZE = 1, 3
@@ -17,7 +17,8 @@ class HelpViewerTest(WineTestCase):
         self.click_toolbar("Help")
         viewer = self.driver("startup", "hh.exe", wait=20)
         self.assertEqual((STARTF_USESHOWWINDOW, SW_MAXIMIZE), (viewer["startupFlags"], viewer["showWindow"]))
-        self.wait_for_window(HELP_WINDOW)
+        wait_until(lambda: self.driver("window", HELP_WINDOW, allow_missing=True), 20, "the help viewer's window",
+                   accept=lambda window: window and window["visible"])
         self.screenshot("help-viewer")
         self.assertTrue(self.enabled()["Help"], "enabled again after the call")
         self.driver("close", HELP_WINDOW)

@@ -40,9 +40,11 @@ class MainWindowTest(WineTestCase):
         self.assertEqual(tuple(round(twips * dpi / 1440) for twips in START_SIZE), (right - left, bottom - top))
 
         controls = self.controls()
-        buttons = [next(c["rect"] for c in controls if c["class"] == "Button" and c["text"] == name) for name in BUTTONS]
-        frame, grid, status = (next(c["rect"] for c in controls if c["class"] == kind and c["text"] == "" and c["visible"])
-                               for kind in ("Button", "SysListView32", "msctls_statusbar32"))
+
+        def rect(kind, text=""):
+            return next(c["rect"] for c in controls if c["class"] == kind and c["text"] == text and c["visible"])
+        buttons = [rect("Button", name) for name in BUTTONS]
+        frame, grid, status = rect("Button"), rect("SysListView32"), rect("msctls_statusbar32")
         self.assertEqual(1, len({button[1] for button in buttons}), f"one line: {buttons}")
         self.assertTrue(grid[3] < buttons[0][1] and buttons[-1][2] <= frame[2], "below the grid, inside the frame")
         self.assertTrue(all(a[2] <= b[0] for a, b in zip(buttons, buttons[1:])), f"side by side: {buttons}")

@@ -67,15 +67,20 @@ def rest(at):
     return at.x + 10, at.y + 10
 
 
+def target(at):
+    """Where the smooth move goes: far on the right, lower down."""
+    return at.x + 1110, at.y + 190
+
+
 def glide(probe, at):
     """The pointer's way from its rest to the smooth move's target, as the probe saw it."""
     moves = [(x, y) for _, x, y in probe.events("move")]
-    start, target = rest(at), (at.x + 1110, at.y + 190)
+    start, end = rest(at), target(at)
     way = moves[len(moves) - 1 - moves[::-1].index(start):]
     return {"end": way[-1],
-            "outside the span": [(x, y) for x, y in way if not (start[0] <= x <= target[0] and start[1] <= y <= target[1])],
+            "outside the span": [(x, y) for x, y in way if not (start[0] <= x <= end[0] and start[1] <= y <= end[1])],
             "glided through at least three points": len(set(way) - {start, target}) >= 3,
-            "along the target's row at the end": any(y == target[1] and x < target[0] - 100 for x, y in way)}
+            "along the target's row at the end": any(y == end[1] and x < end[0] - 100 for x, y in way)}
 
 
 def window_changes(probe, at):
@@ -131,8 +136,8 @@ SCENARIOS = {
         lambda at: [step(f"RND({at.x + 100}, 80, 0)", f"rnd({at.y + 60},40,0)", "Left Click", secs=SETTLE)] * 20,
         outside_span, lambda at: (20, [])),
     "the smooth move glides to the target and ends exactly on it": Scenario(
-        lambda at: [step(secs=SETTLE), step(at.x + 1110, at.y + 190, secs=1)], glide,
-        lambda at: {"end": (at.x + 1110, at.y + 190), "outside the span": [],
+        lambda at: [step(secs=SETTLE), step(*target(at), secs=1)], glide,
+        lambda at: {"end": target(at), "outside the span": [],
                     "glided through at least three points": True, "along the target's row at the end": True},
         {"SmoothPointer": 1}),
     "repeat 2 plays a step three times": Scenario(
@@ -228,7 +233,7 @@ class PlaybackTest(WineTestCase):
         self.wait_for_steps(2)
 
     def test_f12_copies_the_pointer_position_into_the_selected_rows(self):
-        self.open_program(script_lines([step(1, 1, checked=False), step(2, 2, checked=False), step(3, 3, checked=False)]))
+        self.open_program(script_lines([step(row, row, checked=False) for row in (1, 2, 3)]))
         self.driver("select", self.main["target"], "1", "3")
         self.focus(APP_TITLE)
         self.move_pointer(700, 900)

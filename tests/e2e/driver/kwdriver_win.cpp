@@ -83,7 +83,9 @@ std::string List(const std::vector<std::string>& items) {
 
 std::string Object(std::initializer_list<std::pair<const char*, std::string>> fields) {
     std::string object;
-    for (const auto& [key, value] : fields) object += (object.empty() ? "\"" : ",\"") + std::string(key) + "\":" + value;
+    for (const auto& [key, value] : fields) {
+        object += (object.empty() ? "\"" : ",\"") + std::string(key) + "\":" + value;
+    }
     return "{" + object + "}";
 }
 
