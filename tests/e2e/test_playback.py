@@ -164,20 +164,25 @@ class PlaybackTest(WineTestCase):
     def test_each_scenario_plays_as_the_probe_must_see_it(self):
         for name, scenario in SCENARIOS.items():
             with self.subTest(name):
-                probe, at = self.open_probe(PROBE)
-                steps = scenario.steps(at)
-                self.open_program(script_lines(steps), **scenario.settings)
-                # From a rest on the probe, where the probe sees it arrive.
-                self.move_pointer(rest(at)[0] + 1, rest(at)[1])
-                self.move_pointer(*rest(at))
-                wait_until(lambda: probe.events("move")[-1:] == [("move", *rest(at))], 20, "the pointer at rest")
-                self.give_focus(PROBE)
+                try:
+                    self.play(scenario)
+                finally:
+                    self.stop_started()
 
-                self.press("Start")
-                self.wait_for_steps(len(steps))
-                self.assert_becomes(scenario.expected(at), lambda: scenario.seen(probe, at))
-                self.assert_no_errors_logged()
-                self.stop_started()
+    def play(self, scenario):
+        probe, at = self.open_probe(PROBE)
+        steps = scenario.steps(at)
+        self.open_program(script_lines(steps), **scenario.settings)
+        # From a rest on the probe, where the probe sees it arrive.
+        self.move_pointer(rest(at)[0] + 1, rest(at)[1])
+        self.move_pointer(*rest(at))
+        wait_until(lambda: probe.events("move")[-1:] == [("move", *rest(at))], 20, "the pointer at rest")
+        self.give_focus(PROBE)
+
+        self.press("Start")
+        self.wait_for_steps(len(steps))
+        self.assert_becomes(scenario.expected(at), lambda: scenario.seen(probe, at))
+        self.assert_no_errors_logged()
 
     def test_the_stop_key_ends_a_repeated_run_whose_rnd_has_a_wrong_field_count(self):
         probe, _ = self.open_probe(PROBE)
