@@ -70,32 +70,41 @@ std::string ItemText(HWND listView, RemoteMemory& memory, int item, int subItem)
     return memory.Text(static_cast<SIZE_T>(length));
 }
 
+// Runs read(memory, index) for each of the items a control counts with
+// `countMessage`, with one block of memory in its process; false as soon as a
+// message fails.
+template <class Read>
+bool ForEachItem(HWND control, UINT countMessage, Read read) {
+    RemoteMemory memory(control);
+    LRESULT count = 0;
+    if (!memory.Ok() || !Send(control, countMessage, 0, 0, count)) return false;
+    for (int index = 0; index < count; ++index) {
+        if (!read(memory, index)) return false;
+    }
+    return true;
+}
+
 }  // namespace
 
 bool ReadGrid(HWND listView, std::vector<GridRow>& rows) {
-    RemoteMemory memory(listView);
-    LRESULT header = 0, columns = 0, count = 0;
-    if (!memory.Ok() || !Send(listView, LVM_GETHEADER, 0, 0, header) ||
-        !Send(reinterpret_cast<HWND>(header), HDM_GETITEMCOUNT, 0, 0, columns) ||
-        !Send(listView, LVM_GETITEMCOUNT, 0, 0, count)) {
+    LRESULT header = 0, columns = 0;
+    if (!Send(listView, LVM_GETHEADER, 0, 0, header) ||
+        !Send(reinterpret_cast<HWND>(header), HDM_GETITEMCOUNT, 0, 0, columns)) {
         return false;
     }
-    for (int item = 0; item < count; ++item) {
+    return ForEachItem(listView, LVM_GETITEMCOUNT, [&](RemoteMemory& memory, int item) {
         GridRow row;
         for (int column = 0; column < columns; ++column) row.cells.push_back(ItemText(listView, memory, item, column));
         LRESULT state = 0;
         if (!Send(listView, LVM_GETITEMSTATE, item, LVIS_STATEIMAGEMASK, state)) return false;
         row.checked = (state & LVIS_STATEIMAGEMASK) >> 12 == 2;  // image 2 is the ticked box, 1 the empty one
         rows.push_back(row);
-    }
-    return true;
+        return true;
+    });
 }
 
 bool ReadStatusBar(HWND statusBar, std::vector<StatusPanel>& panels) {
-    RemoteMemory memory(statusBar);
-    LRESULT count = 0;
-    if (!memory.Ok() || !Send(statusBar, SB_GETPARTS, 0, 0, count)) return false;
-    for (int index = 0; index < count; ++index) {
+    return ForEachItem(statusBar, SB_GETPARTS, [&](RemoteMemory& memory, int index) {
         StatusPanel panel;
         LRESULT length = 0, done = 0;
         // SB_GETTEXTA knows no buffer size: the text must fit before it is asked for.
@@ -107,15 +116,12 @@ bool ReadStatusBar(HWND statusBar, std::vector<StatusPanel>& panels) {
         panel.text = memory.Text(LOWORD(length));
         MapWindowPoints(statusBar, nullptr, reinterpret_cast<POINT*>(&panel.rect), 2);
         panels.push_back(panel);
-    }
-    return true;
+        return true;
+    });
 }
 
 bool ReadToolbar(HWND toolbar, std::vector<ToolbarButton>& buttons) {
-    RemoteMemory memory(toolbar);
-    LRESULT count = 0;
-    if (!memory.Ok() || !Send(toolbar, TB_BUTTONCOUNT, 0, 0, count)) return false;
-    for (int index = 0; index < count; ++index) {
+    return ForEachItem(toolbar, TB_BUTTONCOUNT, [&](RemoteMemory& memory, int index) {
         TBBUTTON button{};
         LRESULT ok = 0, length = 0;
         if (!Send(toolbar, TB_GETBUTTON, index, memory.At(0), ok) || !ok || !memory.Read(0, &button, sizeof button) ||
@@ -124,8 +130,8 @@ bool ReadToolbar(HWND toolbar, std::vector<ToolbarButton>& buttons) {
         }
         buttons.push_back({button.idCommand, memory.Text(static_cast<SIZE_T>(length)),
                            (button.fsState & TBSTATE_ENABLED) != 0});
-    }
-    return true;
+        return true;
+    });
 }
 
 bool SelectGridRows(HWND listView, const std::vector<int>& rows) {
