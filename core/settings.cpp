@@ -33,6 +33,31 @@ constexpr std::array<SettingKey, 17> kSettingKeys = {{
     {"ColWidth", List, FirstRun::NotWritten, "800, 600, 600, 1500, 1125, 700, 700, 800", nullptr},
 }};
 
+
+// A check box holds 0, 1 or 2 (the three-state box); anything else reads as off.
+int CheckBoxValue(const std::string& text) {
+    double value = Val(text);
+    return value == 1 || value == 2 ? static_cast<int>(value) : 0;
+}
+
+// Stores the state with the opposite look, then presses the toggle once so
+// that it flips back and draws itself to match.
+void LoadRepeatToggle(App& app) {
+    bool on = ReadSetting(app, Setting::GRepeat) == "1";
+    app.settings.repeatState = std::string(on ? "0" : "1");
+    PressRepeatToggle(app);
+}
+
+// A refused write (no rights under HKEY_LOCAL_MACHINE) passes unnoticed.
+void UpdateRunEntry(App& app) {
+    if (app.settings.withWindows != 0) {
+        app.os.registry.SetString(RegistryRoot::LocalMachine, kRunKey, kRunValueName,
+                                  app.programFolder + "\\klickwerk.exe");
+    } else {
+        app.os.registry.DeleteValue(RegistryRoot::LocalMachine, kRunKey, kRunValueName);
+    }
+}
+
 }  // namespace
 
 const SettingKey& KeyOf(Setting setting) { return kSettingKeys[static_cast<std::size_t>(setting)]; }
@@ -61,34 +86,6 @@ void WriteFirstRunDefaults(App& app) {
         }
     }
 }
-
-namespace {
-
-// A check box holds 0, 1 or 2 (the three-state box); anything else reads as off.
-int CheckBoxValue(const std::string& text) {
-    double value = Val(text);
-    return value == 1 || value == 2 ? static_cast<int>(value) : 0;
-}
-
-// Stores the state with the opposite look, then presses the toggle once so
-// that it flips back and draws itself to match.
-void LoadRepeatToggle(App& app) {
-    bool on = ReadSetting(app, Setting::GRepeat) == "1";
-    app.settings.repeatState = std::string(on ? "0" : "1");
-    PressRepeatToggle(app);
-}
-
-// A refused write (no rights under HKEY_LOCAL_MACHINE) passes unnoticed.
-void UpdateRunEntry(App& app) {
-    if (app.settings.withWindows != 0) {
-        app.os.registry.SetString(RegistryRoot::LocalMachine, kRunKey, kRunValueName,
-                                  app.programFolder + "\\klickwerk.exe");
-    } else {
-        app.os.registry.DeleteValue(RegistryRoot::LocalMachine, kRunKey, kRunValueName);
-    }
-}
-
-}  // namespace
 
 std::int16_t StopKeyFromSetting(const std::string& text) {
     std::int16_t code = 0;
