@@ -33,7 +33,6 @@ constexpr std::array<SettingKey, 17> kSettingKeys = {{
     {"ColWidth", List, FirstRun::NotWritten, "800, 600, 600, 1500, 1125, 700, 700, 800", nullptr},
 }};
 
-
 // A check box holds 0, 1 or 2 (the three-state box); anything else reads as off.
 int CheckBoxValue(const std::string& text) {
     double value = Val(text);
