@@ -180,9 +180,12 @@ void StepListWin::ApplyPendingChanges() {
     if (countChanged_) {
         // Rows came and went, so every index may now name another step.
         SendMessageA(list_, LVM_SETITEMCOUNT, steps_.RowCount(), LVSICF_NOSCROLL);
-        LVITEMA none{};
-        none.stateMask = LVIS_SELECTED;
-        SendMessageA(list_, LVM_SETITEMSTATE, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(&none));
+        // Clearing a selection that is not there would still visit every row.
+        if (SendMessageA(list_, LVM_GETSELECTEDCOUNT, 0, 0) > 0) {
+            LVITEMA none{};
+            none.stateMask = LVIS_SELECTED;
+            SendMessageA(list_, LVM_SETITEMSTATE, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(&none));
+        }
         for (int row = 1; row <= steps_.RowCount(); ++row) {
             if (steps_.Selected(row)) ShowSelection(row);
         }

@@ -1,49 +1,30 @@
 // The program's entry: builds the system seams, the windows and the App,
 // wires the windows' commands to the behaviour, runs MainSub and then the
 // message loop until the main window is closed.
-#include "app/about_frame_win.h"
-#include "core/app.h"
-#include "app/file_dialogs_win.h"
+#include "app/enable_controls.h"
+#include "app/main_timers.h"
 #include "app/main_window_events.h"
-#include "app/main_window_win.h"
-#include "app/message_boxes_win.h"
+#include "app/program_parts_win.h"
 #include "app/startup.h"
 #include "app/startup_services_win.h"
-#include "app/enable_controls.h"
+#include "app/stop_key_panel.h"
 #include "app/toolbar_commands.h"
 #include "core/error_log.h"
+#include "core/settings.h"
 #include "platform/failure_trace.h"
 #include "platform/message_pump_win.h"
-#include "platform/platform_win.h"
-#include "app/main_timers.h"
 #include "playback/playback_loop.h"
-#include "core/settings.h"
 #include "playback/run_controls.h"
-#include "app/stop_key_panel.h"
 
 namespace {
 
 struct Program {
-    WinFiles files;
-    WinSettingsFile ini;
-    WinRegistry registry;
-    WinShell shell;
-    WinInput input;
-    WinWindows windows;
-    WinClock clock;
-    WinOsInfo osInfo;
-    Platform platform{files, ini, registry, shell, input, windows, clock, osInfo};
-
-    StepGrid steps;
-    StepListWin list{steps};
-    AboutFrameWin about;
-    MainWindow main{list, about};
-    MessageBoxesWin boxes;
-    FileDialogsWin dialogs;
-    Views views{steps, main, boxes, dialogs, about};
-
-    App app{platform, views};
-    StartupServicesWin services{app, main, boxes, dialogs};
+    WinSystem system;
+    WinViews windows;
+    MainWindow& main = windows.main;
+    AboutFrameWin& about = windows.about;
+    App app{system.platform, windows.views};
+    StartupServicesWin services{app, main, windows.boxes, windows.dialogs};
 
     Program() { Wire(); }
 

@@ -31,8 +31,8 @@ endforeach()
 
 add_executable(Klickwerk WIN32 ${CMAKE_SOURCE_DIR}/app/winmain_win.cpp ${KW_RESOURCE_SCRIPT})
 target_include_directories(kw_app PRIVATE ${CMAKE_SOURCE_DIR}/app/resources)
-target_include_directories(Klickwerk PRIVATE
-  ${CMAKE_SOURCE_DIR}/app/resources ${KW_PICTURES_DIR} ${CMAKE_BINARY_DIR}/generated)
+set(KW_RESOURCE_INCLUDES ${CMAKE_SOURCE_DIR}/app/resources ${KW_PICTURES_DIR} ${CMAKE_BINARY_DIR}/generated)
+target_include_directories(Klickwerk PRIVATE ${KW_RESOURCE_INCLUDES})
 target_compile_options(Klickwerk PRIVATE $<$<COMPILE_LANGUAGE:CXX>:${KW_WARNINGS} -Wno-missing-field-initializers>)
 target_link_libraries(Klickwerk PRIVATE kw_app)
 target_link_options(Klickwerk PRIVATE ${KW_STATIC_RUNTIME})

@@ -1,5 +1,6 @@
 #include "script/script_file.h"
 
+#include <algorithm>
 #include <optional>
 #include <string_view>
 #include <vector>
@@ -120,6 +121,7 @@ void ReadLines(StepGrid& grid, std::string_view text, bool overwrite) {
     std::string rest;
     std::vector<std::string_view> fields;
     int row = 0;
+    if (!overwrite) grid.Reserve(grid.RowCount() + static_cast<int>(std::count(text.begin(), text.end(), '\n')) + 1);
     while (!text.empty()) {
         bool enabled = ParseLine(TakeLine(text), rest, fields);
         if (overwrite) {

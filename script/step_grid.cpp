@@ -1,5 +1,7 @@
 #include "script/step_grid.h"
 
+#include <utility>
+
 #include "core/runtime_error.h"
 
 std::size_t StepGrid::Index(int row) const {
@@ -32,9 +34,9 @@ const std::string& StepGrid::Cell(int row, int column) const {
     return Row(row).cells[static_cast<std::size_t>(column)];
 }
 
-void StepGrid::SetCell(int row, int column, const std::string& text) {
+void StepGrid::SetCell(int row, int column, std::string text) {
     if (column < 0 || column >= kColumnCount) RaiseSubscriptOutOfRange();
-    rows_[Index(row)].cells[static_cast<std::size_t>(column)] = text;
+    rows_[Index(row)].cells[static_cast<std::size_t>(column)] = std::move(text);
     RowChanged(row);
 }
 

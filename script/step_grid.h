@@ -51,10 +51,12 @@ public:
     void InsertRow(int row);
     void RemoveRow(int row);
     void Clear();
+    // Makes room for `rows` rows in all, so that appending them moves nothing.
+    void Reserve(int rows) { rows_.reserve(static_cast<std::size_t>(rows)); }
     const StepRow& Row(int row) const { return rows_[Index(row)]; }
     const std::vector<StepRow>& Rows() const { return rows_; }
     const std::string& Cell(int row, int column) const;
-    void SetCell(int row, int column, const std::string& text);
+    void SetCell(int row, int column, std::string text);
     bool Checked(int row) const { return Row(row).checked; }
     void SetChecked(int row, bool checked);
     // The row's mark: "" or "NEW".

@@ -34,3 +34,12 @@ target_compile_options(wait_bench PRIVATE ${KW_WARNINGS})
 target_link_libraries(wait_bench PRIVATE kw_platform)
 target_link_options(wait_bench PRIVATE ${KW_STATIC_RUNTIME})
 set_target_properties(wait_bench PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
+
+# Benchmark of the step grid: a long script read into the shown main window
+# and saved again, through the program's own code and resources.
+add_executable(grid_bench ${CMAKE_CURRENT_LIST_DIR}/bench/grid_bench_win.cpp ${KW_RESOURCE_SCRIPT})
+target_include_directories(grid_bench PRIVATE ${KW_RESOURCE_INCLUDES})
+target_compile_options(grid_bench PRIVATE $<$<COMPILE_LANGUAGE:CXX>:${KW_WARNINGS}>)
+target_link_libraries(grid_bench PRIVATE kw_app)
+target_link_options(grid_bench PRIVATE ${KW_STATIC_RUNTIME})
+set_target_properties(grid_bench PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})

@@ -1,0 +1,34 @@
+#pragma once
+// The parts the program's behaviour works through on Windows: the system
+// seams and the windows behind the view interfaces. The program and the
+// Windows benchmarks build the same parts.
+#include "app/about_frame_win.h"
+#include "app/file_dialogs_win.h"
+#include "app/main_window_win.h"
+#include "app/message_boxes_win.h"
+#include "app/step_list_win.h"
+#include "core/app.h"
+#include "platform/platform_win.h"
+#include "script/step_grid.h"
+
+struct WinSystem {
+    WinFiles files;
+    WinSettingsFile ini;
+    WinRegistry registry;
+    WinShell shell;
+    WinInput input;
+    WinWindows windows;
+    WinClock clock;
+    WinOsInfo osInfo;
+    Platform platform{files, ini, registry, shell, input, windows, clock, osInfo};
+};
+
+struct WinViews {
+    StepGrid steps;
+    StepListWin list{steps};
+    AboutFrameWin about;
+    MainWindow main{list, about};
+    MessageBoxesWin boxes;
+    FileDialogsWin dialogs;
+    Views views{steps, main, boxes, dialogs, about};
+};
