@@ -12,4 +12,4 @@ source tools/common.sh
 
 kw_install_packages
 kw_build_windows
-exec python3 tests/e2e/show_program.py --build "$KW_WINDOWS_BUILD" "$@"
+exec python3 tools/show_program.py --build "$KW_WINDOWS_BUILD" "$@"

@@ -1,6 +1,6 @@
 """Starts Klickwerk.exe under Wine with an example script and photographs it.
 
-    python3 tests/e2e/show_program.py --build <Windows build dir> [--close]
+    python3 tools/show_program.py --build <Windows build dir> [--close]
 
 With $DISPLAY set the program appears on that display and runs until the
 user closes it (--close ends it after the screenshot instead). Without a
@@ -13,7 +13,8 @@ import os
 import sys
 from pathlib import Path
 
-HERE = Path(__file__).resolve().parent
+# The end-to-end harness knows how to run a Windows program under Wine.
+HARNESS = Path(__file__).resolve().parent.parent / "tests" / "e2e"
 
 # Shown when the repository has no example script; loaded with /nostart, so
 # nothing moves the pointer.
@@ -45,7 +46,7 @@ def main():
     interactive = bool(os.environ.get("DISPLAY"))
     if interactive:
         os.environ["KW_E2E_DISPLAY"] = "1"
-    sys.path.insert(0, str(HERE))
+    sys.path.insert(0, str(HARNESS))
     # Both read KW_BUILD_DIR and KW_E2E_DISPLAY, so only after they are set.
     import wine_session
     from harness import WineOperations, install_program, win_path
