@@ -1,8 +1,8 @@
 #include "app/about_box.h"
 
 #include "core/app.h"
-#include "version.h"
 #include "platform/win_constants.h"
+#include "version.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 #include "app/about_frame_win.h"
 
-#include "platform/dpi_win.h"
 #include "app/layout.h"
+#include "platform/dpi_win.h"
 #include "resource_ids.h"
 
 namespace {
@@ -56,13 +56,10 @@ HFONT Derived(HFONT base, int heightPercent, int weight, bool underline) {
 
 AboutFrameWin::~AboutFrameWin() {
     if (hwnd_) DestroyWindow(hwnd_);
-    DeleteFonts();
-    if (logo_) DestroyIcon(logo_);
-    if (background_) DeleteObject(background_);
 }
 
 bool AboutFrameWin::Create(HWND parent) {
-    background_ = CreateSolidBrush(kBackground);
+    background_.Reset(CreateSolidBrush(kBackground));
     if (!RegisterWindowClass(kClassName, nullptr, nullptr)) return false;
     dpi_ = WindowDpi(parent);
     top_ = -kFrameHeight;
@@ -93,17 +90,9 @@ void AboutFrameWin::OnDpiChanged(int dpi, HFONT font) {
 int AboutFrameWin::Pixels(double twips) const { return TwipsToPixels(twips, dpi_); }
 
 void AboutFrameWin::CreateFonts(HFONT base) {
-    DeleteFonts();
     font_ = base;
-    titleFont_ = Derived(base, 135, FW_BOLD, false);
-    linkFont_ = Derived(base, 100, FW_NORMAL, true);
-}
-
-void AboutFrameWin::DeleteFonts() {
-    for (HFONT* font : {&titleFont_, &linkFont_}) {
-        if (*font) DeleteObject(*font);
-        *font = nullptr;
-    }
+    titleFont_.Reset(Derived(base, 135, FW_BOLD, false));
+    linkFont_.Reset(Derived(base, 100, FW_NORMAL, true));
 }
 
 void AboutFrameWin::Layout() {
@@ -114,16 +103,15 @@ void AboutFrameWin::Layout() {
     Place(web_, textLeft, Pixels(kWebTop), textWidth, line);
     Place(cmdHideAbout_, Pixels(kFrameWidth - kButtonWidth - kButtonMargin),
           Pixels(kFrameHeight - kButtonHeight - kButtonMargin), Pixels(kButtonWidth), Pixels(kButtonHeight));
-    SendMessageA(title_, WM_SETFONT, reinterpret_cast<WPARAM>(titleFont_), TRUE);
+    SendMessageA(title_, WM_SETFONT, reinterpret_cast<WPARAM>(titleFont_.Get()), TRUE);
     SendMessageA(build_, WM_SETFONT, reinterpret_cast<WPARAM>(font_), TRUE);
-    SendMessageA(mail_, WM_SETFONT, reinterpret_cast<WPARAM>(linkFont_), TRUE);
-    SendMessageA(web_, WM_SETFONT, reinterpret_cast<WPARAM>(linkFont_), TRUE);
+    SendMessageA(mail_, WM_SETFONT, reinterpret_cast<WPARAM>(linkFont_.Get()), TRUE);
+    SendMessageA(web_, WM_SETFONT, reinterpret_cast<WPARAM>(linkFont_.Get()), TRUE);
     SendMessageA(cmdHideAbout_, WM_SETFONT, reinterpret_cast<WPARAM>(font_), TRUE);
 
-    if (logo_) DestroyIcon(logo_);
     int logoSize = Pixels(kLogoSize);
-    logo_ = static_cast<HICON>(LoadImageA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(IDI_KLICKWERK), IMAGE_ICON,
-                                          logoSize, logoSize, LR_DEFAULTCOLOR));
+    logo_.Reset(static_cast<HICON>(LoadImageA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(IDI_KLICKWERK),
+                                              IMAGE_ICON, logoSize, logoSize, LR_DEFAULTCOLOR)));
     InvalidateRect(hwnd_, nullptr, TRUE);
 }
 
@@ -168,13 +156,11 @@ void AboutFrameWin::Paint() {
     HDC dc = BeginPaint(hwnd_, &paint);
     RECT area;
     GetClientRect(hwnd_, &area);
-    FillRect(dc, &area, background_);
-    HBRUSH border = CreateSolidBrush(kBorder);
-    FrameRect(dc, &area, border);
-    DeleteObject(border);
+    FillRect(dc, &area, background_.Get());
+    FrameRect(dc, &area, OwnedBrush(CreateSolidBrush(kBorder)).Get());
     if (logo_) {
         int size = Pixels(kLogoSize);
-        DrawIconEx(dc, Pixels(kLogoLeft), Pixels(kLogoTop), logo_, size, size, 0, nullptr, DI_NORMAL);
+        DrawIconEx(dc, Pixels(kLogoLeft), Pixels(kLogoTop), logo_.Get(), size, size, 0, nullptr, DI_NORMAL);
     }
     EndPaint(hwnd_, &paint);
 }
@@ -184,7 +170,7 @@ LRESULT AboutFrameWin::ColourLabel(HDC dc, HWND label) {
     COLORREF text = GetSysColor(COLOR_WINDOWTEXT);
     if (label == mail_ || label == web_) text = label == hoveredLink_ ? kHoveredLinkColour : kLinkColour;
     SetTextColor(dc, text);
-    return reinterpret_cast<LRESULT>(background_);
+    return reinterpret_cast<LRESULT>(background_.Get());
 }
 
 void AboutFrameWin::SetHoveredLink(HWND link) {

@@ -6,6 +6,7 @@
 
 #include "app/about_box.h"
 #include "platform/base_window_win.h"
+#include "platform/owned_win.h"
 
 class AboutFrameWin : public AboutView, public BaseWindow<AboutFrameWin> {
 public:
@@ -36,7 +37,6 @@ public:
 private:
     int Pixels(double twips) const;
     void CreateFonts(HFONT base);
-    void DeleteFonts();
     void Layout();
     void Paint();
     LRESULT ColourLabel(HDC dc, HWND label);
@@ -55,8 +55,8 @@ private:
     HWND cmdHideAbout_ = nullptr;
     HWND hoveredLink_ = nullptr;
     HFONT font_ = nullptr;  // the parent's
-    HFONT titleFont_ = nullptr;
-    HFONT linkFont_ = nullptr;
-    HICON logo_ = nullptr;
-    HBRUSH background_ = nullptr;
+    OwnedFont titleFont_;
+    OwnedFont linkFont_;
+    OwnedIcon logo_;
+    OwnedBrush background_;
 };

@@ -1,8 +1,8 @@
 #include "app/dialog_flags.h"
 
 #include "core/app.h"
-#include "core/error_log.h"
 #include "core/basic_text.h"
+#include "core/error_log.h"
 #include "platform/win_constants.h"
 
 namespace {

@@ -5,6 +5,8 @@
 
 #include <string>
 
+#include "platform/owned_win.h"
+
 namespace {
 std::string Caption(HWND button) {
     char text[64] = {};
@@ -31,9 +33,7 @@ void DrawPlainFace(const DRAWITEMSTRUCT& item) {
 
 void DrawGreenFace(const DRAWITEMSTRUCT& item) {
     RECT rect = item.rcItem;
-    HBRUSH green = CreateSolidBrush(kRepeatOnColour);
-    FillRect(item.hDC, &rect, green);
-    DeleteObject(green);
+    FillRect(item.hDC, &rect, OwnedBrush(CreateSolidBrush(kRepeatOnColour)).Get());
     DrawEdge(item.hDC, &rect, Pressed(item) ? EDGE_SUNKEN : EDGE_RAISED, BF_RECT);
 }
 
@@ -74,12 +74,11 @@ void DrawArrowButton(const DRAWITEMSTRUCT& item) {
     int centreY = (rect.top + rect.bottom) / 2 + (Pressed(item) ? 1 : 0);
     POINT corners[] = {{centreX - half, centreY - half / 2}, {centreX + half + 1, centreY - half / 2},
                        {centreX, centreY + half / 2 + 1}};
-    HBRUSH ink = CreateSolidBrush(Ink(item, false));
-    HGDIOBJ oldBrush = SelectObject(item.hDC, ink);
+    OwnedBrush ink(CreateSolidBrush(Ink(item, false)));
+    HGDIOBJ oldBrush = SelectObject(item.hDC, ink.Get());
     HGDIOBJ oldPen = SelectObject(item.hDC, GetStockObject(NULL_PEN));
     Polygon(item.hDC, corners, 3);
     SelectObject(item.hDC, oldPen);
     SelectObject(item.hDC, oldBrush);
-    DeleteObject(ink);
     DrawFocus(item);
 }

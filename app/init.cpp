@@ -3,17 +3,16 @@
 #include <string>
 #include <vector>
 
-#include "core/app.h"
-#include "core/error_log.h"
 #include "app/os_name.h"
-#include "core/settings.h"
-#include "core/settings.h"
 #include "app/startup.h"
-#include "editing/column_widths.h"
+#include "core/app.h"
 #include "core/basic_text.h"
+#include "core/error_log.h"
 #include "core/runtime_error.h"
-#include "script/script_file.h"
+#include "core/settings.h"
 #include "core/vocabulary.h"
+#include "editing/column_widths.h"
+#include "script/script_file.h"
 #include "script/step_grid.h"
 
 namespace {

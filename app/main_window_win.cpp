@@ -4,10 +4,11 @@
 
 #include <algorithm>
 #include <optional>
+#include <utility>
 
-#include "platform/dpi_win.h"
 #include "app/drawn_buttons_win.h"
 #include "app/resources/resource_ids.h"
+#include "platform/dpi_win.h"
 #include "platform/failure_trace_win.h"
 
 namespace {
@@ -69,7 +70,6 @@ int PanelUnderPointer(HWND statusBar) {
 
 MainWindow::~MainWindow() {
     if (hwnd_) DestroyWindow(hwnd_);
-    if (font_) DeleteObject(font_);
 }
 
 bool MainWindow::Create() {
@@ -92,10 +92,9 @@ void MainWindow::CreateChildren() {
     toolbar_.Create(hwnd_);
     // The frame before what it holds: siblings created later are drawn above it.
     frame_ = CreateChild(WC_BUTTONA, "", WS_CHILD | WS_VISIBLE | BS_GROUPBOX, kIdFrame);
-    HBITMAP background = static_cast<HBITMAP>(LoadImageA(GetModuleHandleA(nullptr),
-                                                         MAKEINTRESOURCEA(IDB_GRID_BACKGROUND), IMAGE_BITMAP, 0, 0,
-                                                         LR_CREATEDIBSECTION));
-    grid_.Create(hwnd_, kIdGrid, dpi_, background);
+    OwnedBitmap background(static_cast<HBITMAP>(LoadImageA(
+        GetModuleHandleA(nullptr), MAKEINTRESOURCEA(IDB_GRID_BACKGROUND), IMAGE_BITMAP, 0, 0, LR_CREATEDIBSECTION)));
+    grid_.Create(hwnd_, kIdGrid, dpi_, std::move(background));
     for (const Button& button : kButtons) buttons_[button.id] = CreateChild(WC_BUTTONA, button.caption, button.style, button.id);
     dropButton_ = CreateChild(WC_COMBOBOXA, "", WS_CHILD | WS_VSCROLL | CBS_DROPDOWNLIST, kIdDropButton);
     stopKeyFrame_.Create(hwnd_);
@@ -120,17 +119,17 @@ HWND MainWindow::CreateChild(const char* className, const char* text, DWORD styl
 }
 
 void MainWindow::ApplyFonts() {
-    HFONT oldFont = font_;
-    font_ = CreateMessageFont(dpi_);
-    for (HWND child : {frame_, dropButton_})
-        SendMessageA(child, WM_SETFONT, reinterpret_cast<WPARAM>(font_), TRUE);
-    stopKeyFrame_.SetFont(font_);
-    for (auto& [id, button] : buttons_) SendMessageA(button, WM_SETFONT, reinterpret_cast<WPARAM>(font_), TRUE);
-    grid_.SetFont(font_);
-    statusBar_.SetFont(font_);
-    toolbar_.OnDpiChanged(dpi_, font_);
-    about_.OnDpiChanged(dpi_, font_);
-    if (oldFont) DeleteObject(oldFont);
+    OwnedFont fresh(CreateMessageFont(dpi_));
+    HFONT font = fresh.Get();
+    for (HWND child : {frame_, dropButton_}) SendMessageA(child, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
+    stopKeyFrame_.SetFont(font);
+    for (auto& [id, button] : buttons_) SendMessageA(button, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
+    grid_.SetFont(font);
+    statusBar_.SetFont(font);
+    toolbar_.OnDpiChanged(dpi_, font);
+    about_.OnDpiChanged(dpi_, font);
+    // The old font goes only now that no control uses it.
+    font_ = std::move(fresh);
 }
 
 void MainWindow::Layout() {

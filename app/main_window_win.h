@@ -10,15 +10,16 @@
 #include <string>
 
 #include "app/about_frame_win.h"
-#include "platform/base_window_win.h"
 #include "app/layout.h"
-#include "core/main_view.h"
 #include "app/receiver_window_win.h"
 #include "app/status_bar_win.h"
 #include "app/step_list_win.h"
 #include "app/stop_key_frame_win.h"
 #include "app/toolbar_win.h"
 #include "app/window_timers_win.h"
+#include "core/main_view.h"
+#include "platform/base_window_win.h"
+#include "platform/owned_win.h"
 
 struct MainWindowHandlers {
     // A button's click (cmdStart, cmdStop, cmdRecord, cmdRecOptions, cmdRepeat).
@@ -104,7 +105,7 @@ private:
     HWND frame_ = nullptr;
     HWND dropButton_ = nullptr;    // cmbDrop
     StopKeyFrameWin stopKeyFrame_;  // fraStopKey with cmbStopKeys
-    HFONT font_ = nullptr;
+    OwnedFont font_;
     int dpi_ = 96;
 
     std::array<std::string, kPanelCount + 1> panels_;  // index 1 to 6

@@ -2,12 +2,12 @@
 
 #include <cstdio>
 
-#include "core/app.h"
 #include "app/dialog_flags.h"
-#include "core/error_log.h"
-#include "core/status_line.h"
+#include "core/app.h"
 #include "core/basic_text.h"
+#include "core/error_log.h"
 #include "core/runtime_error.h"
+#include "core/status_line.h"
 #include "script/script_file.h"
 #include "script/step_grid.h"
 

@@ -1,8 +1,8 @@
 #include "app/splash_win.h"
 
-#include "platform/dpi_win.h"
 #include "app/layout.h"
 #include "app/resources/resource_ids.h"
+#include "platform/dpi_win.h"
 
 namespace {
 constexpr const char* kClassName = "KlickwerkSplash";
@@ -20,10 +20,8 @@ constexpr double kBuildTop = 1260;
 constexpr double kLoadingTop = 1800;
 
 HFONT ScaledFont(int dpi, double points, int weight) {
-    HFONT base = CreateMessageFont(dpi);
     LOGFONTA font{};
-    GetObjectA(base, sizeof font, &font);
-    DeleteObject(base);
+    GetObjectA(OwnedFont(CreateMessageFont(dpi)).Get(), sizeof font, &font);
     font.lfHeight = -MulDiv(static_cast<int>(points * 10), dpi, 720);
     font.lfWeight = weight;
     return CreateFontIndirectA(&font);
@@ -37,27 +35,23 @@ void TextAt(HDC dc, HFONT font, COLORREF ink, int left, int top, const std::stri
 }
 }  // namespace
 
-SplashWindow::~SplashWindow() {
-    Close();
-    ReleaseFonts();
-}
+SplashWindow::~SplashWindow() { Close(); }
 
 void SplashWindow::Show(const std::string& title, const std::string& buildText) {
     title_ = title;
     buildText_ = buildText;
-    HBRUSH background = CreateSolidBrush(kBackground);
-    if (!hwnd_ && RegisterWindowClass(kClassName, nullptr, background)) {
+    // No class brush: the window paints its whole ground itself.
+    if (!hwnd_ && RegisterWindowClass(kClassName, nullptr, nullptr)) {
         CreateWindowOfClass(kClassName, title.c_str(), WS_POPUP, WS_EX_TOOLWINDOW | WS_EX_TOPMOST, 0, 0, 0, 0,
                             nullptr);
     }
     if (!hwnd_) return;
     dpi_ = WindowDpi(hwnd_);
-    ReleaseFonts();
-    titleFont_ = ScaledFont(dpi_, 16, FW_BOLD);
-    textFont_ = ScaledFont(dpi_, 9, FW_NORMAL);
+    titleFont_.Reset(ScaledFont(dpi_, 16, FW_BOLD));
+    textFont_.Reset(ScaledFont(dpi_, 9, FW_NORMAL));
     int iconPixels = TwipsToPixels(kIconSize, dpi_);
-    icon_ = static_cast<HICON>(LoadImageA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(IDI_KLICKWERK), IMAGE_ICON,
-                                          iconPixels, iconPixels, 0));
+    icon_.Reset(static_cast<HICON>(LoadImageA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(IDI_KLICKWERK),
+                                              IMAGE_ICON, iconPixels, iconPixels, 0)));
     int width = TwipsToPixels(kWidth, dpi_);
     int height = TwipsToPixels(kHeight, dpi_);
     RECT area{};
@@ -90,24 +84,14 @@ LRESULT SplashWindow::HandleMessage(HWND hwnd, UINT message, WPARAM wParam, LPAR
 void SplashWindow::Paint(HDC dc) {
     RECT client;
     GetClientRect(hwnd_, &client);
-    HBRUSH border = CreateSolidBrush(kBorder);
-    FrameRect(dc, &client, border);
-    DeleteObject(border);
+    FillRect(dc, &client, OwnedBrush(CreateSolidBrush(kBackground)).Get());
+    FrameRect(dc, &client, OwnedBrush(CreateSolidBrush(kBorder)).Get());
     auto px = [this](double twips) { return TwipsToPixels(twips, dpi_); };
     int margin = px(kMargin);
-    if (icon_) DrawIconEx(dc, margin, px(kTitleTop), icon_, px(kIconSize), px(kIconSize), 0, nullptr, DI_NORMAL);
+    if (icon_) DrawIconEx(dc, margin, px(kTitleTop), icon_.Get(), px(kIconSize), px(kIconSize), 0, nullptr, DI_NORMAL);
     int textLeft = margin + px(kIconSize) + px(kMargin) / 2;
     SetBkMode(dc, TRANSPARENT);
-    TextAt(dc, titleFont_, kTitleInk, textLeft, px(kTitleTop), title_);
-    TextAt(dc, textFont_, kTextInk, textLeft, px(kBuildTop), buildText_);
-    TextAt(dc, textFont_, kTextInk, textLeft, px(kLoadingTop), "Loading...");
-}
-
-void SplashWindow::ReleaseFonts() {
-    for (HFONT* font : {&titleFont_, &textFont_}) {
-        if (*font) DeleteObject(*font);
-        *font = nullptr;
-    }
-    if (icon_) DestroyIcon(icon_);
-    icon_ = nullptr;
+    TextAt(dc, titleFont_.Get(), kTitleInk, textLeft, px(kTitleTop), title_);
+    TextAt(dc, textFont_.Get(), kTextInk, textLeft, px(kBuildTop), buildText_);
+    TextAt(dc, textFont_.Get(), kTextInk, textLeft, px(kLoadingTop), "Loading...");
 }

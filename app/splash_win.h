@@ -4,6 +4,7 @@
 #include <string>
 
 #include "platform/base_window_win.h"
+#include "platform/owned_win.h"
 
 class SplashWindow : public BaseWindow<SplashWindow> {
 public:
@@ -17,12 +18,11 @@ public:
 
 private:
     void Paint(HDC dc);
-    void ReleaseFonts();
 
     std::string title_;
     std::string buildText_;
-    HFONT titleFont_ = nullptr;
-    HFONT textFont_ = nullptr;
-    HICON icon_ = nullptr;
+    OwnedFont titleFont_;
+    OwnedFont textFont_;
+    OwnedIcon icon_;
     int dpi_ = 96;
 };

@@ -3,15 +3,14 @@
 #include <optional>
 
 #include "app/about_box.h"
-#include "core/app.h"
-#include "core/error_log.h"
 #include "app/init.h"
-#include "core/settings.h"
-#include "core/settings.h"
+#include "core/app.h"
 #include "core/basic_text.h"
+#include "core/error_log.h"
+#include "core/settings.h"
+#include "platform/win_constants.h"
 #include "script/script_file.h"
 #include "version.h"
-#include "platform/win_constants.h"
 
 namespace {
 

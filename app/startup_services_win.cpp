@@ -4,8 +4,8 @@
 
 #include <stdexcept>
 
-#include "platform/message_pump_win.h"
 #include "app/main_timers.h"
+#include "platform/message_pump_win.h"
 
 namespace {
 // The window classes the main window is made of. Start-up initialises every

@@ -1,12 +1,12 @@
 #pragma once
 // What start-up asks of the Windows layer: the splash window, the creation
 // of the main window (which runs Main_Load) and the calls other parts answer.
-#include "core/app.h"
 #include "app/file_dialogs_win.h"
 #include "app/main_window_win.h"
 #include "app/message_boxes_win.h"
 #include "app/splash_win.h"
 #include "app/startup.h"
+#include "core/app.h"
 
 class StartupServicesWin : public StartupServices {
 public:

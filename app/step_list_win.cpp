@@ -1,7 +1,8 @@
 #include "app/step_list_win.h"
-#include "platform/failure_trace_win.h"
 
 #include <algorithm>
+
+#include "platform/failure_trace_win.h"
 
 namespace {
 constexpr DWORD kListStyle = WS_CHILD | WS_VISIBLE | WS_TABSTOP | LVS_REPORT | LVS_SHOWSELALWAYS | LVS_OWNERDATA;
@@ -27,19 +28,17 @@ OwnedBitmap ScaledCopy(HBITMAP source, int dpi, SIZE& size) {
     GetObjectA(source, sizeof info, &info);
     size = {std::max(1, MulDiv(info.bmWidth, dpi, 96)), std::max(1, MulDiv(info.bmHeight, dpi, 96))};
     HDC screen = GetDC(nullptr);
-    HDC from = CreateCompatibleDC(screen);
-    HDC to = CreateCompatibleDC(screen);
-    HBITMAP copy = CreateCompatibleBitmap(screen, size.cx, size.cy);
-    HGDIOBJ oldFrom = SelectObject(from, source);
-    HGDIOBJ oldTo = SelectObject(to, copy);
-    SetStretchBltMode(to, HALFTONE);
-    StretchBlt(to, 0, 0, size.cx, size.cy, from, 0, 0, info.bmWidth, info.bmHeight, SRCCOPY);
-    SelectObject(from, oldFrom);
-    SelectObject(to, oldTo);
-    DeleteDC(from);
-    DeleteDC(to);
+    OwnedMemoryDc from(CreateCompatibleDC(screen));
+    OwnedMemoryDc to(CreateCompatibleDC(screen));
+    OwnedBitmap copy(CreateCompatibleBitmap(screen, size.cx, size.cy));
     ReleaseDC(nullptr, screen);
-    return OwnedBitmap(copy);
+    HGDIOBJ oldFrom = SelectObject(from.Get(), source);
+    HGDIOBJ oldTo = SelectObject(to.Get(), copy.Get());
+    SetStretchBltMode(to.Get(), HALFTONE);
+    StretchBlt(to.Get(), 0, 0, size.cx, size.cy, from.Get(), 0, 0, info.bmWidth, info.bmHeight, SRCCOPY);
+    SelectObject(from.Get(), oldFrom);
+    SelectObject(to.Get(), oldTo);
+    return copy;
 }
 
 // Tiles the picture so that it moves with the rows when they scroll.
@@ -87,9 +86,9 @@ LRESULT CALLBACK StepListWin::ListProc(HWND list, UINT message, WPARAM wParam, L
 
 StepListWin::~StepListWin() { steps_.SetObserver(nullptr); }
 
-bool StepListWin::Create(HWND parent, int id, int dpi, HBITMAP background) {
+bool StepListWin::Create(HWND parent, int id, int dpi, OwnedBitmap background) {
     dpi_ = dpi;
-    pictureSource_.Reset(background);
+    pictureSource_ = std::move(background);
     list_ = CreateWindowExA(WS_EX_CLIENTEDGE, WC_LISTVIEWA, "", kListStyle, 0, 0, 0, 0, parent,
                             reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), GetModuleHandleA(nullptr), nullptr);
     if (!list_) {

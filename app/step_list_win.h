@@ -23,8 +23,8 @@ public:
     StepListWin& operator=(const StepListWin&) = delete;
 
     // Creates the list view as a child of `parent`, with the picture
-    // `background` tiled behind the rows (the list takes the bitmap over).
-    bool Create(HWND parent, int id, int dpi, HBITMAP background);
+    // `background` tiled behind the rows.
+    bool Create(HWND parent, int id, int dpi, OwnedBitmap background);
     HWND Handle() const { return list_; }
     void Move(const PixelRect& rect);
     void SetFont(HFONT font);

@@ -6,8 +6,8 @@
 #include <functional>
 #include <string>
 
-#include "platform/base_window_win.h"
 #include "app/layout.h"
+#include "platform/base_window_win.h"
 
 class StopKeyFrameWin : public BaseWindow<StopKeyFrameWin> {
 public:

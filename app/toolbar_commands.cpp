@@ -3,10 +3,10 @@
 #include <map>
 
 #include "app/about_box.h"
-#include "core/app.h"
 #include "app/enable_controls.h"
-#include "core/error_log.h"
 #include "app/save_load_commands.h"
+#include "core/app.h"
+#include "core/error_log.h"
 #include "platform/win_constants.h"
 
 namespace {

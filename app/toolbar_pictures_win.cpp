@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <initializer_list>
 #include <iterator>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -26,20 +27,19 @@ struct Grid {
 class Brush {
 public:
     Brush(HDC dc, COLORREF colour) : dc_(dc), brush_(CreateSolidBrush(colour)) {
-        old_ = SelectObject(dc_, brush_);
+        old_ = SelectObject(dc_, brush_.Get());
         oldPen_ = SelectObject(dc_, GetStockObject(NULL_PEN));
     }
     ~Brush() {
         SelectObject(dc_, oldPen_);
         SelectObject(dc_, old_);
-        DeleteObject(brush_);
     }
     Brush(const Brush&) = delete;
     Brush& operator=(const Brush&) = delete;
 
 private:
     HDC dc_;
-    HBRUSH brush_;
+    OwnedBrush brush_;
     HGDIOBJ old_;
     HGDIOBJ oldPen_;
 };
@@ -66,15 +66,14 @@ POINT OnCircle(const Grid& g, double radius, double angle) {
 }
 
 void Glyph(HDC dc, const Grid& g, const char* text) {
-    HFONT font = CreateFontA(-g.At(70), 0, 0, 0, FW_BOLD, 0, 0, 0, ANSI_CHARSET, OUT_TT_PRECIS, CLIP_DEFAULT_PRECIS,
-                             NONANTIALIASED_QUALITY, VARIABLE_PITCH | FF_SWISS, "Arial");
-    HGDIOBJ old = SelectObject(dc, font);
+    OwnedFont font(CreateFontA(-g.At(70), 0, 0, 0, FW_BOLD, 0, 0, 0, ANSI_CHARSET, OUT_TT_PRECIS,
+                               CLIP_DEFAULT_PRECIS, NONANTIALIASED_QUALITY, VARIABLE_PITCH | FF_SWISS, "Arial"));
+    HGDIOBJ old = SelectObject(dc, font.Get());
     SetBkMode(dc, TRANSPARENT);
     SetTextColor(dc, RGB(255, 255, 255));
     RECT area{0, g.At(4), g.size, g.size};
     DrawTextA(dc, text, -1, &area, DT_CENTER | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX);
     SelectObject(dc, old);
-    DeleteObject(font);
 }
 
 // A floppy disk.
@@ -156,32 +155,27 @@ public:
         info.bmiHeader.biBitCount = 32;
         info.bmiHeader.biCompression = BI_RGB;
         void* bits = nullptr;
-        bitmap_ = CreateDIBSection(dc_, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
+        bitmap_.Reset(CreateDIBSection(dc_.Get(), &info, DIB_RGB_COLORS, &bits, nullptr, 0));
         bits_ = static_cast<std::uint32_t*>(bits);
         if (bits_) std::fill_n(bits_, static_cast<std::size_t>(width) * height, fill);
-        old_ = SelectObject(dc_, bitmap_);
+        old_ = SelectObject(dc_.Get(), bitmap_.Get());
     }
-    ~Canvas() {
-        SelectObject(dc_, old_);
-        if (bitmap_) DeleteObject(bitmap_);
-        DeleteDC(dc_);
-    }
+    // A bitmap still selected into a device context cannot be deleted.
+    ~Canvas() { SelectObject(dc_.Get(), old_); }
     Canvas(const Canvas&) = delete;
     Canvas& operator=(const Canvas&) = delete;
 
-    HDC Dc() const { return dc_; }
+    HDC Dc() const { return dc_.Get(); }
     std::uint32_t* Bits() const { return bits_; }
     // Hands the bitmap over; the canvas no longer deletes it.
-    HBITMAP Release() {
-        SelectObject(dc_, old_);
-        HBITMAP bitmap = bitmap_;
-        bitmap_ = nullptr;
-        return bitmap;
+    OwnedBitmap Release() {
+        SelectObject(dc_.Get(), old_);
+        return std::move(bitmap_);
     }
 
 private:
-    HDC dc_;
-    HBITMAP bitmap_ = nullptr;
+    OwnedMemoryDc dc_;
+    OwnedBitmap bitmap_;
     HGDIOBJ old_ = nullptr;
     std::uint32_t* bits_ = nullptr;
 };
@@ -246,11 +240,11 @@ std::uint32_t ApplyLook(std::uint32_t pixel, PictureLook look) {
 
 }  // namespace
 
-HBITMAP DrawToolbarStrip(int size, PictureLook look) {
+OwnedBitmap DrawToolbarStrip(int size, PictureLook look) {
     int count = static_cast<int>(std::size(kPainters));
     Canvas strip(size * count, size, 0);
     std::uint32_t* bits = strip.Bits();
-    if (!bits) return nullptr;
+    if (!bits) return {};
     for (int index = 0; index < count; ++index) {
         Pixels picture = Render(kPainters[index], size);
         for (int y = 0; y < size; ++y) {

@@ -2,9 +2,9 @@
 
 #include <iterator>
 
-#include "platform/dpi_win.h"
 #include "app/toolbar_commands.h"
 #include "app/toolbar_pictures_win.h"
+#include "platform/dpi_win.h"
 #include "platform/failure_trace_win.h"
 
 namespace {
@@ -28,17 +28,11 @@ int CommandIdOf(Control control) {
     return 0;
 }
 
-HIMAGELIST MakeImageList(int size, PictureLook look) {
-    HIMAGELIST list = ImageList_Create(size, size, ILC_COLOR32, kButtonCount, 0);
-    HBITMAP strip = DrawToolbarStrip(size, look);
-    if (list && strip) ImageList_Add(list, strip, nullptr);
-    if (strip) DeleteObject(strip);
+OwnedImageList MakeImageList(int size, PictureLook look) {
+    OwnedImageList list(ImageList_Create(size, size, ILC_COLOR32, kButtonCount, 0));
+    OwnedBitmap strip = DrawToolbarStrip(size, look);
+    if (list && strip) ImageList_Add(list.Get(), strip.Get(), nullptr);
     return list;
-}
-
-void Replace(HIMAGELIST& list, HIMAGELIST fresh) {
-    if (list) ImageList_Destroy(list);
-    list = fresh;
 }
 
 // The tool tip texts live in the button table; the pointer stays valid.
@@ -57,9 +51,6 @@ void FillToolTip(NMHDR* header, int index) {
 
 ToolbarWin::~ToolbarWin() {
     if (hwnd_) DestroyWindow(hwnd_);
-    Replace(lstNormal_, nullptr);
-    Replace(lstDisabled_, nullptr);
-    Replace(lstHot_, nullptr);
 }
 
 bool ToolbarWin::Create(HWND parent) {
@@ -90,13 +81,17 @@ bool ToolbarWin::Create(HWND parent) {
 
 void ToolbarWin::SetPictures(int dpi) {
     int size = MulDiv(kPictureSizeAt96, dpi, 96);
-    Replace(lstNormal_, MakeImageList(size, PictureLook::Normal));
-    Replace(lstDisabled_, MakeImageList(size, PictureLook::Disabled));
-    Replace(lstHot_, MakeImageList(size, PictureLook::Hot));
+    OwnedImageList normal = MakeImageList(size, PictureLook::Normal);
+    OwnedImageList disabled = MakeImageList(size, PictureLook::Disabled);
+    OwnedImageList hot = MakeImageList(size, PictureLook::Hot);
     SendMessageA(hwnd_, TB_SETBITMAPSIZE, 0, MAKELPARAM(size, size));
-    SendMessageA(hwnd_, TB_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(lstNormal_));
-    SendMessageA(hwnd_, TB_SETDISABLEDIMAGELIST, 0, reinterpret_cast<LPARAM>(lstDisabled_));
-    SendMessageA(hwnd_, TB_SETHOTIMAGELIST, 0, reinterpret_cast<LPARAM>(lstHot_));
+    SendMessageA(hwnd_, TB_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(normal.Get()));
+    SendMessageA(hwnd_, TB_SETDISABLEDIMAGELIST, 0, reinterpret_cast<LPARAM>(disabled.Get()));
+    SendMessageA(hwnd_, TB_SETHOTIMAGELIST, 0, reinterpret_cast<LPARAM>(hot.Get()));
+    // The old lists go only now that the toolbar no longer shows them.
+    lstNormal_ = std::move(normal);
+    lstDisabled_ = std::move(disabled);
+    lstHot_ = std::move(hot);
 }
 
 int ToolbarWin::Height() const {

@@ -7,7 +7,7 @@
 #include <string>
 
 #include "core/main_view.h"
-#include "platform/win32.h"
+#include "platform/owned_win.h"
 
 #include <commctrl.h>
 
@@ -52,7 +52,7 @@ private:
     void Click(const std::string& key);
 
     HWND hwnd_ = nullptr;
-    HIMAGELIST lstNormal_ = nullptr;
-    HIMAGELIST lstDisabled_ = nullptr;
-    HIMAGELIST lstHot_ = nullptr;
+    OwnedImageList lstNormal_;
+    OwnedImageList lstDisabled_;
+    OwnedImageList lstHot_;
 };

@@ -1,4 +1,5 @@
 #include "app/window_timers_win.h"
+
 #include "platform/failure_trace_win.h"
 
 namespace {

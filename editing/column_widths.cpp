@@ -4,8 +4,8 @@
 #include <vector>
 
 #include "core/app.h"
-#include "core/error_log.h"
 #include "core/basic_text.h"
+#include "core/error_log.h"
 #include "script/step_grid.h"
 
 namespace {

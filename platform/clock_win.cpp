@@ -4,8 +4,8 @@
 
 #include <algorithm>
 
-#include "platform/message_pump_win.h"
 #include "platform/failure_trace_win.h"
+#include "platform/message_pump_win.h"
 
 namespace {
 constexpr DWORD kAllInput = 255;

@@ -42,6 +42,7 @@ void DeleteGdiObject(GdiHandle object) {
 inline void DestroyIconHandle(HICON icon) { DestroyIcon(icon); }
 inline void DestroyImageList(HIMAGELIST list) { ImageList_Destroy(list); }
 inline void CloseKernelHandle(HANDLE handle) { CloseHandle(handle); }
+inline void DeleteMemoryDc(HDC dc) { DeleteDC(dc); }
 }  // namespace owned_detail
 
 using OwnedBrush = Owned<HBRUSH, owned_detail::DeleteGdiObject<HBRUSH>>;
@@ -49,4 +50,5 @@ using OwnedBitmap = Owned<HBITMAP, owned_detail::DeleteGdiObject<HBITMAP>>;
 using OwnedFont = Owned<HFONT, owned_detail::DeleteGdiObject<HFONT>>;
 using OwnedIcon = Owned<HICON, owned_detail::DestroyIconHandle>;
 using OwnedImageList = Owned<HIMAGELIST, owned_detail::DestroyImageList>;
+using OwnedMemoryDc = Owned<HDC, owned_detail::DeleteMemoryDc>;
 using OwnedKernelHandle = Owned<HANDLE, owned_detail::CloseKernelHandle>;

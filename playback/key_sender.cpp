@@ -3,11 +3,11 @@
 #include <initializer_list>
 
 #include "core/app.h"
+#include "core/basic_text.h"
 #include "core/error_log.h"
+#include "platform/win_constants.h"
 #include "playback/key_letters.h"
 #include "playback/waits.h"
-#include "core/basic_text.h"
-#include "platform/win_constants.h"
 
 namespace {
 

@@ -3,6 +3,7 @@
 #include <cstdint>
 
 #include "core/app.h"
+#include "core/basic_text.h"
 #include "core/error_log.h"
 #include "core/settings.h"
 #include "core/status_line.h"
@@ -12,7 +13,6 @@
 #include "playback/run_controls.h"
 #include "playback/waits.h"
 #include "playback/window_command.h"
-#include "core/basic_text.h"
 #include "script/script_file.h"
 #include "script/step_grid.h"
 

@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "core/app.h"
-#include "core/error_log.h"
 #include "core/basic_text.h"
+#include "core/error_log.h"
 #include "core/vocabulary.h"
 #include "platform/win_constants.h"
 

@@ -5,8 +5,8 @@
 #include <random>
 
 #include "core/app.h"
-#include "core/status_line.h"
 #include "core/basic_text.h"
+#include "core/status_line.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
 #include "playback/stop_key.h"
 
 #include "core/app.h"
-#include "playback/run_controls.h"
 #include "core/basic_text.h"
+#include "playback/run_controls.h"
 
 void OnStopTimer(App& app) {
     if (app.os.input.GetAsyncKeyState(app.stopKeyCode) == 0) return;

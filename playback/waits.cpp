@@ -4,9 +4,9 @@
 #include <cstdio>
 
 #include "core/app.h"
+#include "core/basic_text.h"
 #include "core/error_log.h"
 #include "core/status_line.h"
-#include "core/basic_text.h"
 
 namespace {
 

@@ -6,11 +6,11 @@
 #include <vector>
 
 #include "core/app.h"
-#include "core/error_log.h"
-#include "core/status_line.h"
 #include "core/basic_text.h"
-#include "script/grid_rules.h"
+#include "core/error_log.h"
 #include "core/runtime_error.h"
+#include "core/status_line.h"
+#include "script/grid_rules.h"
 #include "script/step_grid.h"
 
 namespace {
