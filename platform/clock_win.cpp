@@ -72,7 +72,8 @@ std::string WinClock::FormatShortDate(Date date) {
 }
 
 void WinClock::Wait(double seconds, const bool& stop) {
-    HANDLE timer = CreateWaitableTimerA(nullptr, TRUE, TimerName().c_str());
+    OwnedKernelHandle owner(CreateWaitableTimerA(nullptr, TRUE, TimerName().c_str()));
+    HANDLE timer = owner.Get();
     if (!timer) {
         ReportLastError("CreateWaitableTimerA");
         WaitWithoutTimer(seconds, stop);
@@ -90,7 +91,6 @@ void WinClock::Wait(double seconds, const bool& stop) {
         // Once the program is asked to quit there is nothing left to wait for.
         if (!PumpPendingMessages()) break;
     } while (waitResult_ != WAIT_OBJECT_0 && !stop);
-    CloseHandle(timer);
 }
 
 void WinClock::Yield() { PumpPendingMessages(); }

@@ -22,10 +22,6 @@ std::string ExecutablePath() {
     }
 }
 
-WinOsInfo::~WinOsInfo() {
-    if (instanceMutex_) CloseHandle(instanceMutex_);
-}
-
 OsVersion WinOsInfo::Version() {
     OSVERSIONINFOA info{};
     info.dwOSVersionInfoSize = sizeof info;
@@ -62,7 +58,7 @@ void WinOsInfo::InitCommonControls(unsigned size, unsigned classes) {
 bool WinOsInfo::OtherInstanceRunning() {
     // The mutex lives as long as this instance, so later starts find it.
     if (!instanceMutex_) {
-        instanceMutex_ = CreateMutexA(nullptr, FALSE, kInstanceMutexName);
+        instanceMutex_.Reset(CreateMutexA(nullptr, FALSE, kInstanceMutexName));
         otherInstance_ = instanceMutex_ && GetLastError() == ERROR_ALREADY_EXISTS;
     }
     return otherInstance_;

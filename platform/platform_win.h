@@ -9,6 +9,7 @@
 #include "platform/files.h"
 #include "platform/input_device.h"
 #include "platform/os_info.h"
+#include "platform/owned_win.h"
 #include "platform/registry.h"
 #include "platform/settings_file.h"
 #include "platform/shell.h"
@@ -89,7 +90,6 @@ private:
 
 class WinOsInfo : public OsInfo {
 public:
-    ~WinOsInfo() override;
     OsVersion Version() override;
     bool IsAppThemed() override;
     int CommonControlsMajorVersion() override;
@@ -100,7 +100,7 @@ public:
     char DecimalSeparator() override;
 
 private:
-    HANDLE instanceMutex_ = nullptr;
+    OwnedKernelHandle instanceMutex_;
     bool otherInstance_ = false;
 };
 
