@@ -19,12 +19,8 @@ TEST(BasicText, IsNumericNeedsTheWholeTrimmedText) {
 }
 
 TEST(BasicText, ToBooleanAcceptsWordsAndNumbersOnly) {
-    EXPECT_TRUE(ToBoolean("True"));
-    EXPECT_TRUE(ToBoolean("TRUE"));
-    EXPECT_FALSE(ToBoolean("false"));
-    EXPECT_TRUE(ToBoolean("1"));
-    EXPECT_TRUE(ToBoolean("-1"));
-    EXPECT_FALSE(ToBoolean("0"));
+    for (const char* yes : {"True", "TRUE", "1", "-1"}) EXPECT_TRUE(ToBoolean(yes)) << yes;
+    for (const char* no : {"false", "0"}) EXPECT_FALSE(ToBoolean(no)) << no;
     for (const char* bad : {"yes", "", "T", "Truex"}) EXPECT_THROW(ToBoolean(bad), RuntimeError) << bad;
 }
 
