@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "app/startup.h"
+#include "fakes/test_app.h"
 
 class FakeStartupServices : public StartupServices {
 public:
@@ -32,4 +33,9 @@ public:
 
 private:
     App& app_;
+};
+
+// A TestApp with start-up services over it.
+struct StartupApp : TestApp {
+    FakeStartupServices services{app};
 };

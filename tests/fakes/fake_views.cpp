@@ -25,6 +25,14 @@ void FakeMainView::FireDue(double now) {
     }
 }
 
+std::vector<std::string> FakeMainView::StatusTexts() const {
+    std::vector<std::string> texts;
+    for (const auto& [panel, text] : panelWrites) {
+        if (panel == 1 && !text.empty()) texts.push_back(text);
+    }
+    return texts;
+}
+
 BoxAnswer ScriptedBoxes::Show(const std::string& text, const std::string& title, BoxStyle style) {
     shown.push_back({text, title, style});
     if (onShow) onShow(shown.back());
@@ -35,4 +43,10 @@ BoxAnswer ScriptedBoxes::Show(const std::string& text, const std::string& title,
     }
     bool question = style == BoxStyle::QuestionYesNo || style == BoxStyle::YesNoCancel;
     return question ? BoxAnswer::No : BoxAnswer::Ok;
+}
+
+std::vector<std::string> ScriptedBoxes::Texts() const {
+    std::vector<std::string> texts;
+    for (const Shown& box : shown) texts.push_back(box.text);
+    return texts;
 }

@@ -59,6 +59,8 @@ public:
     // returns the time of the next due timer after that (or a huge value).
     double NextDue() const;
     void FireDue(double nowMs);
+    // Every text the status line (panel 1) was given but blanks, in order.
+    std::vector<std::string> StatusTexts() const;
 
     std::function<void(Timer)> onTimer;  // the main window's WM_TIMER handler
     double nowMs = 0;                    // kept in step by FakeClock
@@ -94,6 +96,7 @@ public:
         BoxStyle style;
     };
     BoxAnswer Show(const std::string& text, const std::string& title, BoxStyle style) override;
+    std::vector<std::string> Texts() const;  // of the boxes shown, in order
 
     std::deque<BoxAnswer> answers;
     std::vector<Shown> shown;

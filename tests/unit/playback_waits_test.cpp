@@ -12,41 +12,33 @@ namespace {
 class Waits : public PlaybackRig {
 protected:
     Waits() { app.settings.showCount = 1; }
-
-    std::vector<std::string> StatusTexts() const {
-        std::vector<std::string> texts;
-        for (const auto& [panel, text] : t.main.panelWrites) {
-            if (panel == 1 && !text.empty()) texts.push_back(text);
-        }
-        return texts;
-    }
 };
 
 TEST_F(Waits, PauseOfZeroReturnsAtOnceAndShowsNothing) {
     Pause(app, 0);
     EXPECT_EQ(t.clock.waits, 0);
     EXPECT_EQ(t.clock.nowMs, 0);
-    EXPECT_TRUE(StatusTexts().empty());
+    EXPECT_TRUE(t.main.StatusTexts().empty());
 }
 
 TEST_F(Waits, ShortPauseShowsLessThanOneSecond) {
     Pause(app, 0.5);
     EXPECT_EQ(t.clock.waitedSeconds, std::vector<double>{0.5});
     EXPECT_EQ(t.clock.nowMs, 500);
-    EXPECT_EQ(StatusTexts(), std::vector<std::string>{"Remaining until next step: <1 second"});
+    EXPECT_EQ(t.main.StatusTexts(), std::vector<std::string>{"Remaining until next step: <1 second"});
 }
 
 TEST_F(Waits, CountdownOffShowsNothing) {
     app.settings.showCount = 0;
     Pause(app, 0.5);
     Pause(app, 3);
-    EXPECT_TRUE(StatusTexts().empty());
+    EXPECT_TRUE(t.main.StatusTexts().empty());
     EXPECT_EQ(t.clock.nowMs, 3500);
 }
 
 TEST_F(Waits, LongPauseCountsDownInWholeSeconds) {
     Pause(app, 65);
-    std::vector<std::string> texts = StatusTexts();
+    std::vector<std::string> texts = t.main.StatusTexts();
     ASSERT_EQ(texts.size(), 65u);
     EXPECT_EQ(texts[0], "Remaining until next step: 00:01:05");
     EXPECT_EQ(texts[1], "Remaining until next step: 00:01:04");
@@ -70,15 +62,6 @@ TEST(RemainingText, FormatsAsTimeOfDay) {
     for (const Case& c : cases) EXPECT_EQ(RemainingText(c.seconds), c.text) << c.seconds;
 }
 
-TEST_F(Waits, StopRequestEndsATenMinuteWaitAtTheNextTimerTick) {
-    t.main.SetTimer(Timer::Stop, true);
-    PressKeyAt(27, 5010);
-    Pause(app, 600);
-    EXPECT_TRUE(app.stopRequested);
-    EXPECT_GE(t.clock.nowMs, 5010);
-    EXPECT_LE(t.clock.nowMs, 5030);
-}
-
 TEST_F(Waits, WindowsNinetyFivePollsTheTickCountInstead) {
     app.osName = kWindows95Name;
     t.clock.yieldCostMs = 10;
@@ -89,8 +72,8 @@ TEST_F(Waits, WindowsNinetyFivePollsTheTickCountInstead) {
     Pause(app, 3);
     EXPECT_EQ(t.clock.waits, 0);
     EXPECT_EQ(t.clock.nowMs, 3000);
-    EXPECT_EQ(StatusTexts().front(), "Remaining until next step: <1 second");
-    EXPECT_EQ(StatusTexts().back(), "Remaining until next step: 00:00:01");
+    EXPECT_EQ(t.main.StatusTexts().front(), "Remaining until next step: <1 second");
+    EXPECT_EQ(t.main.StatusTexts().back(), "Remaining until next step: 00:00:01");
 }
 
 TEST_F(Waits, WindowsNinetyFiveWaitEndsOnStop) {
