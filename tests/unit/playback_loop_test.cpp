@@ -13,23 +13,7 @@ namespace {
 
 constexpr int kEscape = 27;
 
-class Playback : public PlaybackRig {
-protected:
-    std::vector<std::string> BoxTexts() const {
-        std::vector<std::string> texts;
-        for (const auto& shown : t.boxes.shown) texts.push_back(shown.text);
-        return texts;
-    }
-
-    bool Idle() const {
-        for (Control control : {Control::Start, Control::Record, Control::RecOptions, Control::ToolSave,
-                                Control::ToolLoad, Control::ToolSettings, Control::Grid}) {
-            if (!t.main.IsEnabled(control)) return false;
-        }
-        return !t.main.TimerEnabled(Timer::Stop) && t.main.TimerEnabled(Timer::ShiftNext) &&
-               !t.main.TimerEnabled(Timer::MouseSaver) && t.clock.fineTiming == 0;
-    }
-};
+class Playback : public PlaybackRig {};
 
 TEST_F(Playback, ButtonPairingDecidesWhetherTheRunStarts) {
     struct Case {
@@ -61,7 +45,7 @@ TEST_F(Playback, ButtonPairingDecidesWhetherTheRunStarts) {
         std::filesystem::remove(t.NativePath("Data.dat"));
         for (const char* button : c.buttons) AddStep("10", "20", button, "", "0", "0", "0", c.checked);
         StartButton(app);
-        EXPECT_EQ(BoxTexts(), c.boxes) << c.buttons.front();
+        EXPECT_EQ(t.boxes.Texts(), c.boxes) << c.buttons.front();
         EXPECT_EQ(!MouseEvents().empty(), c.runs) << c.buttons.front();
         EXPECT_EQ(t.Exists("Data.dat"), c.runs) << c.buttons.front();
         if (!c.runs) {
@@ -88,9 +72,7 @@ TEST_F(Playback, LocksTheWindowWhileRunningAndUnlocksItAfterwards) {
     bool checkedMidRun = false;
     At(2000, [&] {
         checkedMidRun = true;
-        for (Control control : {Control::Start, Control::Record, Control::RecOptions, Control::ToolSave,
-                                Control::ToolLoad, Control::ToolSettings, Control::Grid})
-            EXPECT_FALSE(t.main.IsEnabled(control));
+        for (Control control : kLockedByRun) EXPECT_FALSE(t.main.IsEnabled(control));
         EXPECT_TRUE(t.main.IsEnabled(Control::Stop));
         EXPECT_TRUE(t.main.IsEnabled(Control::Repeat));
         EXPECT_TRUE(t.main.TimerEnabled(Timer::Stop));
@@ -123,27 +105,15 @@ TEST_F(Playback, ColoursPassedRowsAndCountsCheckedSteps) {
     EXPECT_EQ(MouseEvents().size(), 4u);
 }
 
-// Follows the Repeat cell of row 1 through a run.
-struct RepeatCellWatch : StepGridObserver {
-    explicit RepeatCellWatch(StepGrid& watched) : grid(watched) { grid.SetObserver(this); }
-    ~RepeatCellWatch() override { grid.SetObserver(nullptr); }
-    void RowCountChanged() override {}
-    void RowChanged(int row) override {
-        const std::string& text = grid.Cell(row, kColRepeat);
-        if (row == 1 && (texts.empty() || texts.back() != text)) texts.push_back(text);
-    }
-    void SelectionChanged(int) override {}
-    void ColumnAdded(int) override {}
-    StepGrid& grid;
-    std::vector<std::string> texts;
-};
-
-TEST_F(Playback, RepeatTwoPerformsThreeTimesAndRestoresTheCell) {
+TEST_F(Playback, RepeatTwoPerformsThreeTimesCountingDownAndRestoresTheCell) {
     AddStep("10", "20", "Left Click", "ab", "0", "1", "2");
-    RepeatCellWatch watch(t.grid);
+    std::vector<std::string> repeatAtClicks;
+    t.input.onEvent = [&](const InputEvent& event) {
+        if (event.kind == InputEvent::Mouse) repeatAtClicks.push_back(t.grid.Cell(1, kColRepeat));
+    };
     StartButton(app);
-    EXPECT_EQ(watch.texts, (std::vector<std::string>{"2", "1", "0", "-1", "2"}));
-    EXPECT_EQ(MouseEvents().size(), 3u);
+    EXPECT_EQ(repeatAtClicks, (std::vector<std::string>{"2", "1", "0"}));
+    EXPECT_EQ(t.grid.Cell(1, kColRepeat), "2");
     EXPECT_EQ(KeyEvents().size(), 12u);
     EXPECT_EQ(t.clock.nowMs, 3 * 1100);
     // The pointer is placed once per step, not once per performance.
@@ -294,12 +264,11 @@ TEST(ClickActions, SendTheirMouseEventFlags) {
 class SmoothMove : public Playback {
 protected:
     SmoothMove() { t.input.cursor = {100, 100}; }
-    std::vector<InputEvent> Moves() const { return MouseEvents(); }
 };
 
 TEST_F(SmoothMove, GlidesTwoPixelsPerAxisAndEndsExactlyOnTarget) {
     SScroll(app, 400, 250);
-    std::vector<InputEvent> moves = Moves();
+    std::vector<InputEvent> moves = MouseEvents();
     ASSERT_FALSE(moves.empty());
     for (const InputEvent& move : moves) EXPECT_EQ(move.code, 0xFFFF8001u);
     // 65535 / 1280 and 65535 / 1024 rounded: one pixel on each axis.
@@ -317,7 +286,7 @@ TEST_F(SmoothMove, GlidesTwoPixelsPerAxisAndEndsExactlyOnTarget) {
 TEST_F(SmoothMove, YieldsBeforeAndAfterEveryMove) {
     t.clock.yieldCostMs = 1;
     SScroll(app, 110, 100);
-    EXPECT_EQ(t.clock.nowMs, 2.0 * Moves().size());
+    EXPECT_EQ(t.clock.nowMs, 2.0 * MouseEvents().size());
 }
 
 TEST_F(SmoothMove, APointerReportedLateStillGlidesAllTheWay) {

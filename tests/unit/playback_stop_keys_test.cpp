@@ -25,12 +25,7 @@ TEST_F(StopKeys, StopButtonRestoresTheIdleWindowInOrder) {
     t.grid.SetSelected(1, true);
     StopButton(app);
     EXPECT_TRUE(app.stopRequested);
-    EXPECT_FALSE(t.main.TimerEnabled(Timer::MouseSaver));
-    EXPECT_FALSE(t.main.TimerEnabled(Timer::Stop));
-    EXPECT_TRUE(t.main.TimerEnabled(Timer::ShiftNext));
-    for (Control control : {Control::Start, Control::Record, Control::RecOptions, Control::ToolSave,
-                            Control::ToolLoad, Control::ToolSettings, Control::Grid})
-        EXPECT_TRUE(t.main.IsEnabled(control));
+    EXPECT_TRUE(Idle());
     EXPECT_FALSE(t.grid.Selected(1));
 }
 
