@@ -46,10 +46,11 @@ public:
     void SetVisible(bool shown) override { visible = shown; }
     bool Visible() const override { return visible; }
 
-    double frameWidth = 4800;
-    double frameHeight = 2900;
-    double innerWidth = 6735;
-    double innerHeight = 6100;
+    // The centred frame's corner is at 1000, 1000.
+    double frameWidth = 4000;
+    double frameHeight = 1000;
+    double innerWidth = 6000;
+    double innerHeight = 3000;
     double left = 0;
     double top = 0;
     bool visible = false;

@@ -117,9 +117,11 @@ public:
     std::intptr_t Open(const std::string& file, const std::string& parameters, const std::string& directory,
                        int showCommand) override {
         calls.push_back({file, parameters, directory, showCommand});
+        if (onOpen) onOpen();
         return 42;
     }
     std::vector<Call> calls;
+    std::function<void()> onOpen;  // looks at the program during the call
 };
 
 class FakeOsInfo : public OsInfo {
