@@ -1,6 +1,7 @@
 #include "fakes/ini_text_file.h"
 
 #include <optional>
+#include <sstream>
 #include <vector>
 
 #include "core/basic_text.h"
@@ -19,14 +20,10 @@ std::string TrimBlanks(const std::string& text) {
 
 std::vector<std::string> Lines(const std::string& text) {
     std::vector<std::string> lines;
-    std::size_t start = 0;
-    while (start < text.size()) {
-        std::size_t end = text.find('\n', start);
-        if (end == std::string::npos) end = text.size();
-        std::string line = text.substr(start, end - start);
+    std::istringstream in(text);
+    for (std::string line; std::getline(in, line);) {
         if (!line.empty() && line.back() == '\r') line.pop_back();
         lines.push_back(line);
-        start = end + 1;
     }
     return lines;
 }
@@ -48,13 +45,7 @@ std::optional<std::string> KeyName(const std::string& line) {
     return TrimBlanks(trimmed.substr(0, equals));
 }
 
-std::string ValueOf(const std::string& line) {
-    std::string value = TrimBlanks(line.substr(line.find('=') + 1));
-    if (value.size() >= 2 && (value.front() == '"' || value.front() == '\'') && value.back() == value.front()) {
-        value = value.substr(1, value.size() - 2);
-    }
-    return value;
-}
+std::string ValueOf(const std::string& line) { return TrimBlanks(line.substr(line.find('=') + 1)); }
 
 bool SameName(const std::string& a, const std::string& b) { return Lower(a) == Lower(b); }
 

@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <system_error>
 
 namespace fs = std::filesystem;
@@ -40,13 +41,7 @@ std::optional<std::int64_t> StdFiles::Length(const std::string& path) {
 std::optional<std::string> StdFiles::ReadAll(const std::string& path) {
     std::ifstream in(Native(path), std::ios::binary);
     if (!in) return std::nullopt;
-    std::string data;
-    in.seekg(0, std::ios::end);
-    data.resize(static_cast<std::size_t>(in.tellg()));
-    in.seekg(0);
-    in.read(data.data(), static_cast<std::streamsize>(data.size()));
-    if (!in) return std::nullopt;
-    return data;
+    return std::string(std::istreambuf_iterator<char>(in), {});
 }
 
 bool StdFiles::WriteAtomically(const std::string& path, const std::string& data) {
