@@ -73,15 +73,13 @@ TEST_F(AboutBoxTest, HidingDuringTheSlideInStopsIt) {
 }
 
 TEST_F(AboutBoxTest, LinksOpenThroughTheShellAndHideTheBox) {
-    struct Case {
-        AboutLink link;
-        const char* target;
-    } cases[] = {{AboutLink::Mail, "mailto:support@klickwerk.example"}, {AboutLink::Web, "https://klickwerk.example/"}};
-    for (const Case& c : cases) {
+    const std::pair<AboutLink, const char*> cases[] = {{AboutLink::Mail, "mailto:support@klickwerk.example"},
+                                                       {AboutLink::Web, "https://klickwerk.example/"}};
+    for (const auto& [link, target] : cases) {
         ToolbarClick(t.app, "about");
-        OpenAboutLink(t.app, c.link);
+        OpenAboutLink(t.app, link);
         ASSERT_FALSE(t.shell.calls.empty());
-        EXPECT_EQ(t.shell.calls.back().file, c.target);
+        EXPECT_EQ(t.shell.calls.back().file, target);
         EXPECT_EQ(t.shell.calls.back().parameters, "");
         EXPECT_EQ(t.shell.calls.back().show, 5);
         EXPECT_FALSE(t.about.visible);

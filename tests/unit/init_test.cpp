@@ -23,19 +23,16 @@ const std::vector<double> kDefaultWidths = {800, 600, 600, 1500, 1125, 700, 700,
 }  // namespace
 
 TEST(Init, BuildsTheColumnsFromColumnWidths) {
-    struct Case {
-        const char* setting;
-        std::vector<double> widths;
-    } cases[] = {
+    const std::pair<const char*, std::vector<double>> cases[] = {
         {"", kDefaultWidths},
         {"ColWidth=   \r\n", kDefaultWidths},
         {"ColWidth=900,500,500,1000,1000,600,600,700\r\n", {900, 500, 500, 1000, 1000, 600, 600, 700}},
         {"ColWidth=1,2,3,4,5,6,7,8,9\r\n", {1, 2, 3, 4, 5, 6, 7, 8}},
     };
-    for (const Case& c : cases) {
-        InitRun run(c.setting);
-        EXPECT_EQ(run.Widths(), c.widths) << c.setting;
-        EXPECT_FALSE(run.Exists("Error.log")) << c.setting;
+    for (const auto& [setting, widths] : cases) {
+        InitRun run(setting);
+        EXPECT_EQ(run.Widths(), widths) << setting;
+        EXPECT_FALSE(run.Exists("Error.log")) << setting;
     }
     InitRun run("");
     for (const GridColumn& column : run.grid.Columns()) EXPECT_EQ(column.centred, column.header != "#");
@@ -67,14 +64,12 @@ TEST(Init, BadColumnWidthsEndInitWithTheColumnsBuiltSoFar) {
 }
 
 TEST(Init, SizesTheWindowFromHeight) {
-    struct Case {
-        const char* setting;
-        double height;
-    } cases[] = {{"", 6610}, {"Height=\r\n", 6610}, {"Height=7000\r\n", 7000}, {"Height=abc\r\n", 6610}};
-    for (const Case& c : cases) {
-        InitRun run(c.setting);
-        EXPECT_EQ(run.main.widthTwips, 6855) << c.setting;
-        EXPECT_EQ(run.main.heightTwips, c.height) << c.setting;
+    const std::pair<const char*, double> cases[] = {
+        {"", 6610}, {"Height=\r\n", 6610}, {"Height=7000\r\n", 7000}, {"Height=abc\r\n", 6610}};
+    for (const auto& [setting, height] : cases) {
+        InitRun run(setting);
+        EXPECT_EQ(run.main.widthTwips, 6855) << setting;
+        EXPECT_EQ(run.main.heightTwips, height) << setting;
     }
 }
 

@@ -73,21 +73,18 @@ TEST(MainLoad, MissingSettingsAreWrittenAfterTheFirstRunOffer) {
 }
 
 TEST(MainLoad, LaterStartsLoadTheWorkingCopyAndFollowTheSettings) {
-    struct Case {
-        const char* settings;
-        Strings calls;
-    } cases[] = {
+    const std::pair<const char*, Strings> cases[] = {
         {"FirstRun=0\r\nDYK=1\r\nAutoStart=0\r\n", {"LoadHookLibrary", "ShowHint", "CheckForUpdates", "FinishLoad"}},
         {"FirstRun=0\r\nDYK=0\r\nAutoStart=1\r\n", {"LoadHookLibrary", "CheckForUpdates", "StartPlayback", "FinishLoad"}},
         {"FirstRun=0\r\nDYK=2\r\nAutoStart=2\r\n", {"LoadHookLibrary", "CheckForUpdates", "FinishLoad"}},
     };
-    for (const Case& c : cases) {
-        LoadRun r(c.settings);
+    for (const auto& [settings, calls] : cases) {
+        LoadRun r(settings);
         r.Run();
-        EXPECT_TRUE(r.boxes.shown.empty()) << c.settings;
-        EXPECT_EQ(r.grid.RowCount(), 1) << c.settings;
-        EXPECT_EQ(r.services.calls, c.calls) << c.settings;
-        EXPECT_EQ(r.app.autoStarted, r.services.Called("StartPlayback")) << c.settings;
+        EXPECT_TRUE(r.boxes.shown.empty()) << settings;
+        EXPECT_EQ(r.grid.RowCount(), 1) << settings;
+        EXPECT_EQ(r.services.calls, calls) << settings;
+        EXPECT_EQ(r.app.autoStarted, r.services.Called("StartPlayback")) << settings;
     }
 }
 
@@ -125,21 +122,18 @@ TEST(MainLoad, CommandLineScriptReplacesTheWorkingCopyAndFollowsTheSwitches) {
 
 TEST(MainLoad, AMissingCommandLineScriptIsNamedAsTypedAndSwitchesAloneLoadNothing) {
     const std::string path = "C:\\No Where\\my script.kwf";
-    struct Case {
-        std::string commandLine;
-        Strings boxes;
-    } cases[] = {
+    const std::pair<std::string, Strings> cases[] = {
         {"  " + path + "   /nostart", {"Failed to load " + path + " script file.  Script does not exist/corrupted."}},
         {" /norep", {}},
     };
-    for (const Case& c : cases) {
+    for (const auto& [commandLine, boxes] : cases) {
         LoadRun r("FirstRun=0\r\n");
-        r.Run(c.commandLine);
-        EXPECT_EQ(r.boxes.Texts(), c.boxes) << c.commandLine;
+        r.Run(commandLine);
+        EXPECT_EQ(r.boxes.Texts(), boxes) << commandLine;
         for (const auto& box : r.boxes.shown) EXPECT_EQ(box.style, BoxStyle::Error);
-        EXPECT_EQ(r.grid.RowCount(), 0) << c.commandLine;
-        EXPECT_EQ(r.app.settings.repeatState, "0") << c.commandLine;
-        EXPECT_EQ(r.services.calls, (Strings{"LoadHookLibrary", "FinishLoad"})) << c.commandLine;
+        EXPECT_EQ(r.grid.RowCount(), 0) << commandLine;
+        EXPECT_EQ(r.app.settings.repeatState, "0") << commandLine;
+        EXPECT_EQ(r.services.calls, (Strings{"LoadHookLibrary", "FinishLoad"})) << commandLine;
     }
 }
 

@@ -6,10 +6,7 @@
 #include "playback/waits.h"
 
 TEST(OsName, LooksTheVersionUpAndNamesNoneItDoesNotKnow) {
-    struct Case {
-        OsVersion version;
-        const char* name;
-    } cases[] = {
+    const std::pair<OsVersion, const char*> cases[] = {
         {{true, 0, 9, 99}, "Microsoft Win32s"},  // any Win32s version
         {{true, 1, 4, 0}, kWindows95Name},  // the name the waits look for
         {{true, 1, 4, 20}, ""},
@@ -19,9 +16,8 @@ TEST(OsName, LooksTheVersionUpAndNamesNoneItDoesNotKnow) {
         {{true, 3, 5, 1}, ""},
         {{false, 2, 5, 1}, "GetWindowsVersion Failed"},
     };
-    for (const Case& c : cases) {
-        EXPECT_EQ(OSName(c.version), c.name) << c.version.platformId << " " << c.version.major << "." << c.version.minor;
-    }
+    for (const auto& [version, name] : cases)
+        EXPECT_EQ(OSName(version), name) << version.platformId << " " << version.major << "." << version.minor;
     TestApp t;
     t.osInfo.version = {true, 2, 6, 1};
     t.app.osName = "stale";

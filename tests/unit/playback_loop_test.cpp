@@ -241,23 +241,20 @@ TEST_F(Playback, AnAutomaticStartSwitchesAutoStartOffAfterTheRun) {
 }
 
 TEST(ClickActions, SendTheirMouseEventFlags) {
-    struct Case {
-        const char* action;
-        std::vector<std::uint32_t> flags;
-    } cases[] = {
+    const std::pair<const char*, std::vector<std::uint32_t>> cases[] = {
         {"No Click", {}},      {"Left Click", {6}},      {"Left DblClick", {6, 6}}, {"Left Down", {2}},
         {"Left Up", {4}},      {"Right Click", {24}},    {"Right DblClick", {24, 24}}, {"Right Down", {8}},
         {"Right Up", {16}},    {"left click", {}},       {"", {}},
     };
-    for (const Case& c : cases) {
+    for (const auto& [action, flags] : cases) {
         TestApp t;
-        SendClickAction(t.app, c.action);
+        SendClickAction(t.app, action);
         std::vector<std::uint32_t> sent;
         for (const InputEvent& event : t.input.events) {
             EXPECT_EQ(event.x, 0);
             sent.push_back(event.code);
         }
-        EXPECT_EQ(sent, c.flags) << c.action;
+        EXPECT_EQ(sent, flags) << action;
     }
 }
 

@@ -55,11 +55,9 @@ TEST_F(Waits, LongPauseEndsOnAWholeWallClockSecond) {
 }
 
 TEST(RemainingText, FormatsAsTimeOfDay) {
-    struct Case {
-        long seconds;
-        const char* text;
-    } cases[] = {{0, "00:00:00"}, {65, "00:01:05"}, {3661, "01:01:01"}, {86399, "23:59:59"}, {90000, "01:00:00"}};
-    for (const Case& c : cases) EXPECT_EQ(RemainingText(c.seconds), c.text) << c.seconds;
+    const std::pair<long, const char*> cases[] = {
+        {0, "00:00:00"}, {65, "00:01:05"}, {3661, "01:01:01"}, {86399, "23:59:59"}, {90000, "01:00:00"}};
+    for (const auto& [seconds, text] : cases) EXPECT_EQ(RemainingText(seconds), text) << seconds;
 }
 
 TEST_F(Waits, WindowsNinetyFivePollsTheTickCountInstead) {
