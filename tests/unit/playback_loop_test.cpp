@@ -148,21 +148,17 @@ TEST_F(Playback, WaitsMinutesTimesSixtyPlusSeconds) {
     EXPECT_EQ(t.clock.nowMs, 90000);
 }
 
-TEST_F(Playback, KeystrokeTextIsTrimmedInTheGridAndTyped) {
+TEST_F(Playback, KeystrokeTextIsTrimmedInTheGridAndTypedWithAPendingPrefixCarriedAcrossSteps) {
     AddStep("10", "20", "No Click", "  ab  ");
     AddStep("10", "20", "No Click", "   ");
+    AddStep("10", "20", "No Click", "0%");
+    AddStep("10", "20", "No Click", ".");
     StartButton(app);
     EXPECT_EQ(t.grid.Cell(1, kColAdditional), "ab");
     EXPECT_EQ(t.grid.Cell(2, kColAdditional), "");
-    EXPECT_EQ(KeyEvents(), (std::vector<InputEvent>{Down('A'), Up('A'), Down('B'), Up('B')}));
-    EXPECT_EQ(t.clock.waitedSeconds, std::vector<double>{0.1});
-}
-
-TEST_F(Playback, APendingPrefixCarriesAcrossSteps) {
-    AddStep("10", "20", "No Click", "50%");
-    AddStep("10", "20", "No Click", ".");
-    StartButton(app);
-    EXPECT_EQ(KeyEvents(), (std::vector<InputEvent>{Down('5'), Up('5'), Down('0'), Up('0'), Down(40)}));
+    EXPECT_EQ(KeyEvents(), (std::vector<InputEvent>{Down('A'), Up('A'), Down('B'), Up('B'), Down('0'), Up('0'),
+                                                    Down(40)}));
+    EXPECT_EQ(t.clock.waitedSeconds, (std::vector<double>{0.1, 0.1, 0.1}));
 }
 
 TEST_F(Playback, WindowCommandsGetTheCellsAsEntered) {
@@ -258,12 +254,10 @@ TEST(ClickActions, SendTheirMouseEventFlags) {
     }
 }
 
-class SmoothMove : public Playback {
-protected:
-    SmoothMove() { t.input.cursor = {100, 100}; }
-};
+class SmoothMove : public PlaybackRig {};
 
 TEST_F(SmoothMove, GlidesTwoPixelsPerAxisAndEndsExactlyOnTarget) {
+    ASSERT_EQ(t.input.cursor, (Point{100, 100}));
     SScroll(app, 400, 250);
     std::vector<InputEvent> moves = MouseEvents();
     ASSERT_FALSE(moves.empty());

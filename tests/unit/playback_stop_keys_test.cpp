@@ -144,9 +144,16 @@ TEST_F(HotKeys, FTenPausesWithAPlainBox) {
     EXPECT_GE(t.clock.nowMs, 5300);
 }
 
-TEST_F(HotKeys, FElevenMovesASingleSelectionOn) {
-    t.grid.SetSelected(1, true);
+TEST_F(HotKeys, FElevenMovesASingleSelectionOnAndIgnoresNoneOrSeveral) {
     t.input.pressedKeys = {122};
+    OnShiftNextTimer(app);
+    t.grid.SetSelected(1, true);
+    t.grid.SetSelected(3, true);
+    OnShiftNextTimer(app);
+    EXPECT_EQ(t.grid.RowCount(), 3);
+    EXPECT_TRUE(t.grid.Selected(1));
+    EXPECT_FALSE(t.grid.Selected(2));
+    t.grid.SetSelected(3, false);
     OnShiftNextTimer(app);
     EXPECT_FALSE(t.grid.Selected(1));
     EXPECT_TRUE(t.grid.Selected(2));
@@ -156,18 +163,6 @@ TEST_F(HotKeys, FElevenMovesASingleSelectionOn) {
     EXPECT_TRUE(t.grid.Selected(4));
     EXPECT_FALSE(t.grid.Selected(3));
     EXPECT_EQ(t.grid.Mark(4), "NEW");
-}
-
-TEST_F(HotKeys, FElevenIgnoresNoneOrSeveralSelected) {
-    t.input.pressedKeys = {122};
-    OnShiftNextTimer(app);
-    t.grid.SetSelected(1, true);
-    t.grid.SetSelected(3, true);
-    OnShiftNextTimer(app);
-    EXPECT_EQ(t.grid.RowCount(), 3);
-    EXPECT_TRUE(t.grid.Selected(1));
-    EXPECT_FALSE(t.grid.Selected(2));
-    EXPECT_TRUE(t.grid.Selected(3));
 }
 
 }  // namespace
