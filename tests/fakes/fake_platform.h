@@ -105,7 +105,6 @@ public:
 
     bool refuseWrites = false;  // like HKEY_LOCAL_MACHINE without the rights
     std::map<std::string, std::string> values;  // "subkey\name" -> data
-    std::vector<std::string> calls;
 };
 
 class FakeShell : public Shell {

@@ -1,6 +1,7 @@
 #pragma once
 // Start-up services that record every call in order; loading the main window
 // runs MainLoad as the real window's creation does.
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -27,7 +28,7 @@ public:
     void ReleaseHooks() override { calls.push_back("ReleaseHooks"); }
     void UnloadWindows() override { calls.push_back("UnloadWindows"); }
 
-    bool Called(const std::string& call) const;
+    bool Called(const std::string& call) const { return std::ranges::find(calls, call) != calls.end(); }
 
     std::vector<std::string> calls;
 

@@ -77,7 +77,9 @@ TEST(Init, FillsCaptionListsAndPanels) {
     InitRun run("StopKey=117\r\n");
     const FakeMainView& main = run.main;
     EXPECT_EQ(main.caption, "Klickwerk v1.0");
+    EXPECT_EQ(main.dropDowns.at(DropDown::Button).entries.size(), 9u);
     EXPECT_EQ(main.dropDowns.at(DropDown::Button).shown, "No Click");
+    EXPECT_EQ(main.dropDowns.at(DropDown::StopKeys).entries.size(), 10u);
     EXPECT_EQ(main.dropDowns.at(DropDown::StopKeys).shown, "");
     EXPECT_EQ(run.app.stopKeyCode, 117);
     EXPECT_EQ(main.PanelText(3), "");

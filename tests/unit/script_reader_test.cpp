@@ -90,17 +90,12 @@ TEST(ReadData, AppendsAfterTheRowsAlreadyThere) {
     EXPECT_EQ(t.grid.Cell(2, kColX), "-1");
 }
 
-TEST(ReadData, MissingFileReadsNothingAndFails) {
+TEST(ReadData, AMissingScriptFailsQuietlyAndAMissingWorkingCopyIsCreatedEmpty) {
     TestApp t;
     t.main.busyPointer = true;
     EXPECT_FALSE(ReadData(t.app, t.Path("Scripts\\none.kwf"), false));
-    EXPECT_EQ(t.grid.RowCount(), 0);
     EXPECT_FALSE(t.main.busyPointer);
     EXPECT_FALSE(t.Exists("Error.log"));
-}
-
-TEST(ReadData, MissingWorkingCopyIsCreatedEmpty) {
-    TestApp t;
     EXPECT_TRUE(ReadData(t.app, "", false));
     EXPECT_TRUE(t.Exists("Data.dat"));
     EXPECT_EQ(t.ReadFile("Data.dat"), "");
@@ -108,25 +103,21 @@ TEST(ReadData, MissingWorkingCopyIsCreatedEmpty) {
 }
 
 TEST(ReadData, OverwriteFillsExistingRowsOnly) {
-    struct Case {
-        int rows;
-        int lines;
-    } cases[] = {{2, 3}, {3, 2}, {0, 1}};
-    for (const Case& c : cases) {
+    for (auto [rows, lines] : {std::pair{2, 3}, {3, 2}, {0, 1}}) {
         TestApp t;
-        for (int row = 1; row <= c.rows; ++row) {
+        for (int row = 1; row <= rows; ++row) {
             t.AddStep({"9", "old", "old", "Left Up", "old", "9", "9", "9"}, false);
             t.grid.SetMark(row, "NEW");
         }
         std::string file;
-        for (int line = 1; line <= c.lines; ++line) {
+        for (int line = 1; line <= lines; ++line) {
             file += "True|||" + std::to_string(line) + "||" + std::to_string(line * 10) + "||0||No Click||||0||0||0\r\n";
         }
         t.WriteFile("Data.dat", file);
         EXPECT_TRUE(ReadData(t.app, "", true));
-        ASSERT_EQ(t.grid.RowCount(), c.rows);
-        for (int row = 1; row <= c.rows; ++row) {
-            bool filled = row <= c.lines;
+        ASSERT_EQ(t.grid.RowCount(), rows);
+        for (int row = 1; row <= rows; ++row) {
+            bool filled = row <= lines;
             EXPECT_EQ(t.grid.Cell(row, kColX), filled ? std::to_string(row * 10) : "old") << row;
             EXPECT_EQ(t.grid.Cell(row, kColNumber), filled ? std::to_string(row) : "9") << row;
             EXPECT_EQ(t.grid.Checked(row), filled) << row;
