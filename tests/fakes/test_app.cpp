@@ -2,7 +2,6 @@
 
 #include <fstream>
 #include <random>
-#include <sstream>
 
 namespace {
 std::filesystem::path FreshFolder() {
@@ -29,10 +28,7 @@ TestApp::~TestApp() {
 }
 
 std::string TestApp::ReadFile(const std::string& name) const {
-    std::ifstream in(NativePath(name), std::ios::binary);
-    std::ostringstream text;
-    text << in.rdbuf();
-    return text.str();
+    return StdFiles().ReadAll(NativePath(name).string()).value_or("");
 }
 
 void TestApp::WriteFile(const std::string& name, const std::string& data) const {
