@@ -15,7 +15,10 @@ public:
         return inner_.Read(section, key, file);
     }
     int Write(const std::string& section, const std::string& key, const std::string& value,
-              const std::string& file) override;
+              const std::string& file) override {
+        writes.push_back(key + "=" + value);
+        return inner_.Write(section, key, value, file);
+    }
 
     std::vector<std::string> writes;  // "Key=Value", in order
 
@@ -28,13 +31,15 @@ public:
     explicit ProbeFiles(Files& inner) : inner_(inner) {}
     std::optional<std::int64_t> Length(const std::string& path) override { return inner_.Length(path); }
     std::optional<std::string> ReadAll(const std::string& path) override { return inner_.ReadAll(path); }
-    bool WriteAtomically(const std::string& path, const std::string& data) override;
+    bool WriteAtomically(const std::string& path, const std::string& data) override {
+        return (!onWrite || onWrite(path)) && inner_.WriteAtomically(path, data);
+    }
     bool Append(const std::string& path, const std::string& data) override { return inner_.Append(path, data); }
     bool Copy(const std::string& from, const std::string& to) override { return inner_.Copy(from, to); }
     std::vector<std::string> List(const std::string& pattern) override { return inner_.List(pattern); }
 
-    // Runs before each atomic write; false fails it like a full disk, so
-    // nothing reaches the file.
+    // Runs before each atomic write; false fails the write like a full disk,
+    // so nothing reaches the file.
     std::function<bool(const std::string& path)> onWrite;
 
 private:
@@ -44,7 +49,7 @@ private:
 // A TestApp whose App reads and writes through the decorators above.
 class ProbedTestApp {
 public:
-    ProbedTestApp();
+    ProbedTestApp() { base.Place(app); }
 
     TestApp base;
     ProbeFiles files{base.files};

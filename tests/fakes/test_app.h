@@ -20,6 +20,8 @@ public:
     ~TestApp();
     TestApp(const TestApp&) = delete;
     TestApp& operator=(const TestApp&) = delete;
+    // Gives `target` the program folder and files of this app, as start-up does.
+    void Place(App& target) const;
 
     // Path of a file in the program folder, as the program names it ("\Data.dat").
     std::string Path(const std::string& name) const { return app.programFolder + "\\" + name; }
