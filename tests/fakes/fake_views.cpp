@@ -25,14 +25,6 @@ void FakeMainView::FireDue(double now) {
     }
 }
 
-std::vector<std::string> FakeMainView::StatusTexts() const {
-    std::vector<std::string> texts;
-    for (const auto& [panel, text] : panelWrites) {
-        if (panel == 1 && !text.empty()) texts.push_back(text);
-    }
-    return texts;
-}
-
 BoxAnswer ScriptedBoxes::Show(const std::string& text, const std::string& title, BoxStyle style) {
     shown.push_back({text, title, style});
     if (onShow) onShow(shown.back());

@@ -21,7 +21,7 @@ public:
 
     void SetPanelText(int panel, const std::string& text) override {
         panels.at(panel) = text;
-        panelWrites.push_back({panel, text});
+        if (panel == 1 && !text.empty()) statusTexts.push_back(text);
     }
     std::string PanelText(int panel) const override { return panels.at(panel); }
     void SetEnabled(Control control, bool enabled) override { disabled[control] = !enabled; }
@@ -59,14 +59,12 @@ public:
     // returns the time of the next due timer after that (or a huge value).
     double NextDue() const;
     void FireDue(double nowMs);
-    // Every text the status line (panel 1) was given but blanks, in order.
-    std::vector<std::string> StatusTexts() const;
 
     std::function<void(Timer)> onTimer;  // the main window's WM_TIMER handler
     double nowMs = 0;                    // kept in step by FakeClock
 
     std::array<std::string, 7> panels;  // index 1 to 6
-    std::vector<std::pair<int, std::string>> panelWrites;  // every write, in order
+    std::vector<std::string> statusTexts;  // every text panel 1 was given but blanks, in order
     std::map<Control, bool> disabled;
     std::map<Timer, TimerSlot> timers;
     std::map<Frame, bool> hiddenFrames;

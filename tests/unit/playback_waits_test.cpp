@@ -17,24 +17,24 @@ protected:
 TEST_F(Waits, ShortPauseShowsLessThanOneSecondAndAZeroPauseNothing) {
     Pause(app, 0);
     EXPECT_EQ(t.clock.waits, 0);
-    EXPECT_TRUE(t.main.StatusTexts().empty());
+    EXPECT_TRUE(t.main.statusTexts.empty());
     Pause(app, 0.5);
     EXPECT_EQ(t.clock.waitedSeconds, std::vector<double>{0.5});
     EXPECT_EQ(t.clock.nowMs, 500);
-    EXPECT_EQ(t.main.StatusTexts(), std::vector<std::string>{"Remaining until next step: <1 second"});
+    EXPECT_EQ(t.main.statusTexts, std::vector<std::string>{"Remaining until next step: <1 second"});
 }
 
 TEST_F(Waits, CountdownOffShowsNothing) {
     app.settings.showCount = 0;
     Pause(app, 0.5);
     Pause(app, 3);
-    EXPECT_TRUE(t.main.StatusTexts().empty());
+    EXPECT_TRUE(t.main.statusTexts.empty());
     EXPECT_EQ(t.clock.nowMs, 3500);
 }
 
 TEST_F(Waits, LongPauseCountsDownInWholeSeconds) {
     Pause(app, 65);
-    std::vector<std::string> texts = t.main.StatusTexts();
+    std::vector<std::string> texts = t.main.statusTexts;
     ASSERT_EQ(texts.size(), 65u);
     EXPECT_EQ(texts[0], "Remaining until next step: 00:01:05");
     EXPECT_EQ(texts[1], "Remaining until next step: 00:01:04");
@@ -66,8 +66,8 @@ TEST_F(Waits, WindowsNinetyFivePollsTheTickCountInstead) {
     Pause(app, 3);
     EXPECT_EQ(t.clock.waits, 0);
     EXPECT_EQ(t.clock.nowMs, 3000);
-    EXPECT_EQ(t.main.StatusTexts().front(), "Remaining until next step: <1 second");
-    EXPECT_EQ(t.main.StatusTexts().back(), "Remaining until next step: 00:00:01");
+    EXPECT_EQ(t.main.statusTexts.front(), "Remaining until next step: <1 second");
+    EXPECT_EQ(t.main.statusTexts.back(), "Remaining until next step: 00:00:01");
     // The polling wait still ends on the stop key.
     t.main.SetTimer(Timer::Stop, true);
     PressKeyAt(27, 4500);

@@ -81,7 +81,7 @@ TEST(SaveData, ShowsItsProgressAndRestoresTheWindow) {
     EXPECT_FALSE(p.base.main.busyPointer);
     std::vector<std::string> expected = {"Preparing for save... Please wait.", "Saving...  Please wait.",
                                          "Saved successfully."};
-    EXPECT_EQ(p.base.main.StatusTexts(), expected);
+    EXPECT_EQ(p.base.main.statusTexts, expected);
 }
 
 TEST(SaveData, EmptyGridLeavesTheWorkingCopyAlone) {
@@ -89,7 +89,7 @@ TEST(SaveData, EmptyGridLeavesTheWorkingCopyAlone) {
     t.WriteFile("Data.dat", "True|||1||-1||-1||No Click||||0||0||0\r\n");
     EXPECT_TRUE(SaveData(t.app, true));
     EXPECT_EQ(t.ReadFile("Data.dat"), "True|||1||-1||-1||No Click||||0||0||0\r\n");
-    EXPECT_TRUE(t.main.panelWrites.empty());
+    EXPECT_TRUE(t.main.statusTexts.empty());
     EXPECT_FALSE(t.main.busyPointer);
 }
 
@@ -104,5 +104,5 @@ TEST(SaveData, FailedWriteKeepsThePreviousFileAndReportsFailure) {
     EXPECT_EQ(ErrorLines(p.base, "SaveData"), 1);
     EXPECT_TRUE(p.base.main.FrameVisible(Frame::Main));
     EXPECT_FALSE(p.base.main.busyPointer);
-    EXPECT_NE(p.base.main.StatusTexts().back(), "Saved successfully.");
+    EXPECT_NE(p.base.main.statusTexts.back(), "Saved successfully.");
 }
