@@ -19,9 +19,12 @@ std::vector<std::string> Numbers(const StepGrid& grid) {
 
 }  // namespace
 
-TEST(LstAddNew, InsertsBeforeTheSelectedRowWithItsIndex) {
+TEST(LstAddNew, InsertsBeforeTheSelectedRowWithItsIndexAndWithoutOneLogsAnError) {
     TestApp t;
     AddRows(t.grid, {"1", "2", "3"});
+    LstAddNew(t.app, false, false);
+    EXPECT_EQ(t.grid.RowCount(), 3);
+    EXPECT_NE(t.ReadFile("Error.log").find(" 91 lstAddNew 0"), std::string::npos);
     t.grid.SetSelected(2, true);
     LstAddNew(t.app, false, false);
     ASSERT_EQ(t.grid.RowCount(), 4);
@@ -54,14 +57,6 @@ TEST(LstAddNew, AppendsAnUncheckedDefaultStepSelectedAndDeselectsOthersOnlyWhenA
         EXPECT_EQ(t.grid.Selected(1), !deselect);
         EXPECT_EQ(t.grid.Selected(3), !deselect);
     }
-}
-
-TEST(LstAddNew, InsertWithoutSelectionIsLoggedAndChangesNothing) {
-    TestApp t;
-    AddRows(t.grid, {"1"});
-    LstAddNew(t.app, false, false);
-    EXPECT_EQ(t.grid.RowCount(), 1);
-    EXPECT_NE(t.ReadFile("Error.log").find(" 91 lstAddNew 0"), std::string::npos);
 }
 
 TEST(Renumber, NumbersRowsWithoutGapsAndShowsTheCount) {

@@ -104,12 +104,6 @@ TEST_F(KeyText, AHundredThousandCharacterTextIsTypedCompletely) {
     EXPECT_EQ(std::vector<InputEvent>(keys.end() - 4, keys.end()), Stroke('Z', true));
 }
 
-TEST(KeyLetters, CommandLettersInAnyCase) {
-    for (char letter : std::string("acerstdlbnhuj;.,/fwACERSTDLBNHUJFW")) EXPECT_TRUE(IsCommandLetter(letter)) << letter;
-    for (char other : std::string("gikmopqvxyz0%$ '\t")) EXPECT_FALSE(IsCommandLetter(other)) << other;
-    EXPECT_FALSE(IsCommandLetter('\0'));
-}
-
 TEST(KeyLetters, KeyToTextWritesCapturedKeysInTheLanguage) {
     struct Case {
         int key;

@@ -58,19 +58,16 @@ TEST_F(RandomValues, FirstPlusSpanTimesRFormattedByTheRoundingField) {
     EXPECT_EQ(t.main.panels[1], "");
 }
 
-TEST_F(RandomValues, AWrongFieldCountAssignsZeroWithAMessage) {
+TEST_F(RandomValues, ANonExpressionGivesZeroSilentlyAndAWrongFieldCountWithAMessage) {
+    EXPECT_EQ(RndEval(t.app, "12", 1), "0");
+    EXPECT_EQ(RndEval(t.app, "rnd(1,2", 1), "0");
+    EXPECT_EQ(t.main.panels[1], "");
+    EXPECT_TRUE(seeds.empty());
     r = 0.5;
     for (const char* text : {"rnd(1,2)", "RND(1,2,3,4)", "rnd()"}) {
         EXPECT_EQ(RndEval(t.app, text, 4), "0") << text;
         EXPECT_EQ(t.main.panels[1], std::string("Incorrect RND syntax in step #4 [") + text + "].  Zeros assigned.");
     }
-}
-
-TEST_F(RandomValues, ATextThatIsNoExpressionGivesZeroSilently) {
-    EXPECT_EQ(RndEval(t.app, "12", 1), "0");
-    EXPECT_EQ(RndEval(t.app, "rnd(1,2", 1), "0");
-    EXPECT_EQ(t.main.panels[1], "");
-    EXPECT_TRUE(seeds.empty());
 }
 
 TEST_F(RandomValues, EveryEvaluationReseedsFromTheClock) {
