@@ -41,19 +41,15 @@ TEST(Init, BuildsTheColumnsFromColumnWidths) {
 }
 
 TEST(Init, BadColumnWidthsEndInitWithTheColumnsBuiltSoFar) {
-    struct Case {
-        const char* setting;
-        std::size_t columns;
-        const char* logged;
-    } cases[] = {
+    const std::tuple<const char*, std::size_t, const char*> cases[] = {
         {"ColWidth=800,600\r\n", 2, "Subscript out of range 9 Init 0"},
         {"ColWidth=800,abc,600,1500,1125,700,700,800\r\n", 1, "Type mismatch 13 Init 0"},
     };
-    for (const Case& c : cases) {
-        InitRun run(c.setting);
-        EXPECT_EQ(static_cast<std::size_t>(run.grid.ColumnCount()), c.columns) << c.setting;
-        EXPECT_NE(run.ReadFile("Error.log").find(c.logged), std::string::npos) << c.setting;
-        EXPECT_EQ(run.main.caption, "") << c.setting;
+    for (const auto& [setting, columns, logged] : cases) {
+        InitRun run(setting);
+        EXPECT_EQ(static_cast<std::size_t>(run.grid.ColumnCount()), columns) << setting;
+        EXPECT_NE(run.ReadFile("Error.log").find(logged), std::string::npos) << setting;
+        EXPECT_EQ(run.main.caption, "") << setting;
         EXPECT_TRUE(run.services.Called("LoadHookLibrary"));
     }
     // The short list is completed from the defaults, so the next save heals it.

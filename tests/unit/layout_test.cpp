@@ -5,12 +5,9 @@
 namespace {
 
 TEST(TwipsTest, RoundsToTheNearestPixelAndRoundTrips) {
-    struct Case {
-        double twips;
-        int dpi;
-        int pixels;
-    } cases[] = {{6855, 96, 457}, {6855, 144, 686}, {7, 96, 0}, {8, 96, 1}, {-60, 96, -4}};
-    for (const Case& c : cases) EXPECT_EQ(TwipsToPixels(c.twips, c.dpi), c.pixels) << c.twips << " at " << c.dpi;
+    const std::tuple<double, int, int> cases[] = {
+        {6855, 96, 457}, {6855, 144, 686}, {7, 96, 0}, {8, 96, 1}, {-60, 96, -4}};
+    for (const auto& [twips, dpi, pixels] : cases) EXPECT_EQ(TwipsToPixels(twips, dpi), pixels) << twips << " " << dpi;
     EXPECT_EQ(PixelsToTwips(10, 0), 0);
     for (int dpi : {96, 120, 144, 168, 192}) {
         for (int pixels = 0; pixels < 2000; pixels += 7)

@@ -89,27 +89,22 @@ TEST(MainLoad, LaterStartsLoadTheWorkingCopyAndFollowTheSettings) {
 }
 
 TEST(MainLoad, CommandLineScriptReplacesTheWorkingCopyAndFollowsTheSwitches) {
-    struct Case {
-        const char* switches;
-        const char* storedRepeat;
-        const char* repeat;
-        bool plays;
-    } cases[] = {
+    const std::tuple<const char*, const char*, const char*, bool> cases[] = {
         {"", "0", "1", true},
         {"", "1", "1", true},
         {" /nostart /norep", "1", "0", false},
         {" /norep", "0", "0", true},
         {" /nostart", "0", "1", false},
     };
-    for (const Case& c : cases) {
-        LoadRun r(std::string("FirstRun=1\r\nAutoStart=1\r\nGRepeat=") + c.storedRepeat + "\r\n");
+    for (const auto& [switches, storedRepeat, repeat, plays] : cases) {
+        LoadRun r(std::string("FirstRun=1\r\nAutoStart=1\r\nGRepeat=") + storedRepeat + "\r\n");
         r.WriteFile("Scripts/My Script.kwf", kExample);
-        r.Run(r.Path("Scripts\\My Script.kwf") + c.switches);
-        EXPECT_TRUE(r.boxes.shown.empty()) << c.switches;
-        EXPECT_EQ(r.grid.RowCount(), 2) << c.switches;
-        EXPECT_EQ(r.app.settings.repeatState, c.repeat) << c.switches << c.storedRepeat;
-        EXPECT_EQ(r.main.repeatShownOn, std::string(c.repeat) == "1") << c.switches;
-        EXPECT_EQ(r.services.Called("StartPlayback"), c.plays) << c.switches;
+        r.Run(r.Path("Scripts\\My Script.kwf") + switches);
+        EXPECT_TRUE(r.boxes.shown.empty()) << switches;
+        EXPECT_EQ(r.grid.RowCount(), 2) << switches;
+        EXPECT_EQ(r.app.settings.repeatState, repeat) << switches << storedRepeat;
+        EXPECT_EQ(r.main.repeatShownOn, std::string(repeat) == "1") << switches;
+        EXPECT_EQ(r.services.Called("StartPlayback"), plays) << switches;
         EXPECT_FALSE(r.app.autoStarted);
         EXPECT_FALSE(r.services.Called("ShowHint"));
         EXPECT_FALSE(r.services.Called("CheckForUpdates"));

@@ -27,11 +27,7 @@ std::vector<InputEvent> Joined(std::initializer_list<std::vector<InputEvent>> pa
 class KeyText : public PlaybackRig {};
 
 TEST_F(KeyText, SendsTheExactKeyEventsOfEachText) {
-    struct Case {
-        std::string text;
-        std::vector<InputEvent> events;
-        std::string pendingAfter;
-    } cases[] = {
+    const std::tuple<std::string, std::vector<InputEvent>, std::string> cases[] = {
         {"Hello", Joined({Stroke('H', true), Stroke('E'), Stroke('L'), Stroke('L'), Stroke('O')}), ""},
         {"%ca$c", {Down(17), Down('A'), Up('A'), Up(17)}, ""},
         {"%r$r", {Down(13), Up(13)}, ""},
@@ -57,12 +53,12 @@ TEST_F(KeyText, SendsTheExactKeyEventsOfEachText) {
         {"~q\"?", Joined({Stroke(192, true), Stroke('Q'), Stroke(222, true), Stroke(191, true)}), ""},
         {"\x80", Stroke(255), ""},
     };
-    for (const Case& c : cases) {
+    for (const auto& [text, events, pendingAfter] : cases) {
         t.input.events.clear();
         app.pendingPrefix.clear();
-        TypeKeyText(app, c.text);
-        EXPECT_EQ(KeyEvents(), c.events) << c.text;
-        EXPECT_EQ(app.pendingPrefix, c.pendingAfter) << c.text;
+        TypeKeyText(app, text);
+        EXPECT_EQ(KeyEvents(), events) << text;
+        EXPECT_EQ(app.pendingPrefix, pendingAfter) << text;
     }
     for (std::uint8_t scanCode : t.input.scanCodesSeen) EXPECT_EQ(scanCode, 0);
 }
@@ -105,16 +101,12 @@ TEST_F(KeyText, AHundredThousandCharacterTextIsTypedCompletely) {
 }
 
 TEST(KeyLetters, KeyToTextWritesCapturedKeysInTheLanguage) {
-    struct Case {
-        int key;
-        bool down;
-        std::string text;
-    } cases[] = {
+    const std::tuple<int, bool, std::string> cases[] = {
         {18, true, "%a"},   {18, false, "$a"},   {40, false, "$."}, {20, true, "%l"}, {20, false, ""},
         {112, true, "%F1"}, {123, true, "%F12"}, {123, false, ""},  {9, true, ""},    {9, false, "\t"},
         {'A', true, ""},    {'A', false, "a"},   {'7', false, "7"}, {96, false, "`"},
     };
-    for (const Case& c : cases) EXPECT_EQ(KeyToText(c.key, c.down), c.text) << c.key << " " << c.down;
+    for (const auto& [key, down, text] : cases) EXPECT_EQ(KeyToText(key, down), text) << key << " " << down;
 }
 
 }  // namespace

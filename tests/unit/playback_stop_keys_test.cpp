@@ -3,11 +3,11 @@
 #include <string>
 #include <vector>
 
+#include "app/stop_key_panel.h"
 #include "core/app.h"
 #include "playback/hot_keys.h"
 #include "playback/playback_loop.h"
 #include "playback/run_controls.h"
-#include "app/stop_key_panel.h"
 #include "playback/stop_key.h"
 #include "playback_rig.h"
 

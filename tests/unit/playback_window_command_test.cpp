@@ -26,12 +26,7 @@ protected:
 };
 
 TEST_F(WindowCommands, RunsEachCommandOnTheTitledWindow) {
-    struct Case {
-        std::string text;
-        int x;
-        int y;
-        std::vector<std::string> calls;
-    } cases[] = {
+    const std::tuple<std::string, int, int, std::vector<std::string>> cases[] = {
         {"%winmin Untitled - Editor", -1, -1, {"show 7 6"}},
         {"%winmax Untitled - Editor", -1, -1, {"show 7 3"}},
         {"%winrest Untitled - Editor", -1, -1, {"show 7 9"}},
@@ -56,11 +51,11 @@ TEST_F(WindowCommands, RunsEachCommandOnTheTitledWindow) {
         // Every occurrence of the command leaves the title.
         {"%winmin No%winmin tes", -1, -1, {"show 10 6"}},
     };
-    for (const Case& c : cases) {
+    for (const auto& [text, x, y, calls] : cases) {
         t.windows.calls.clear();
         t.windows.foreground = kFocused;
-        WinCommand(t.app, c.text, c.x, c.y);
-        EXPECT_EQ(t.windows.calls, c.calls) << c.text;
+        WinCommand(t.app, text, x, y);
+        EXPECT_EQ(t.windows.calls, calls) << text;
     }
 }
 

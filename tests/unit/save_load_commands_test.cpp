@@ -2,9 +2,9 @@
 
 #include "app/save_load_commands.h"
 #include "app/toolbar_commands.h"
-#include "fakes/probe_seams.h"
 #include "core/basic_text.h"
 #include "core/runtime_error.h"
+#include "fakes/probe_seams.h"
 
 namespace {
 
@@ -153,26 +153,22 @@ TEST_F(SaveLoadTest, LoadReplacesTheWorkingCopyAndTheGrid) {
 }
 
 TEST_F(SaveLoadTest, LoadRefusesFilesThatAreNotScripts) {
-    struct Case {
-        const char* name;
-        std::string content;
-        std::string message;
-    } cases[] = {
+    const std::tuple<const char*, std::string, std::string> cases[] = {
         {"empty.kwf", "", "empty.kwf is empty."},
         {"notes.txt", "just a note\r\nTrue|||1||0||0||No Click||||0||0||0\r\n", "Load failed.  Incorrect contents."},
         {"half.kwf", "True|\r\n||", "Load failed.  Incorrect contents."},
     };
-    for (const Case& c : cases) {
+    for (const auto& [name, content, message] : cases) {
         TestApp fresh;
         fresh.AddStep({"1", "10", "20", "Left Click", "abc", "0", "1", "0"});
         fresh.WriteFile("Data.dat", kTwoSteps);
-        fresh.WriteFile(c.name, c.content);
-        fresh.dialogs.answers.push_back(fresh.Path(c.name));
+        fresh.WriteFile(name, content);
+        fresh.dialogs.answers.push_back(fresh.Path(name));
         ToolbarClick(fresh.app, "load");
-        EXPECT_EQ(fresh.boxes.Texts(), std::vector<std::string>{c.message}) << c.name;
+        EXPECT_EQ(fresh.boxes.Texts(), std::vector<std::string>{message}) << name;
         EXPECT_EQ(fresh.main.timers[Timer::Blank].interval, 5000);
-        EXPECT_EQ(fresh.ReadFile("Data.dat"), kTwoSteps) << c.name;
-        ASSERT_EQ(fresh.grid.RowCount(), 1) << c.name;
+        EXPECT_EQ(fresh.ReadFile("Data.dat"), kTwoSteps) << name;
+        ASSERT_EQ(fresh.grid.RowCount(), 1) << name;
         EXPECT_EQ(fresh.grid.Cell(1, kColAdditional), "abc");
         EXPECT_TRUE(fresh.main.IsEnabled(Control::ToolLoad));
     }

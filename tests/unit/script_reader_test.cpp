@@ -131,23 +131,19 @@ TEST(ReadData, SurvivesBinaryAndHugeFiles) {
     std::string binary(64 * 1024, '\0');
     for (char& c : binary) c = static_cast<char>(random());
     std::string huge(1 << 20, 'x');
-    struct Case {
-        const char* name;
-        std::string file;
-        int rows;
-    } cases[] = {
+    const std::tuple<const char*, std::string, int> cases[] = {
         {"binary", binary, -1},
         {"1 MB line without separators", huge + "\r\n" + kPlainLine, 0},
         {"1 MB keystroke text", "True|||1||0||0||No Click||" + huge + "||0||0||0\r\n", 1},  // kept whole
         {"binary after a good line", kPlainLine + "\r\n" + binary, -1},
     };
-    for (const Case& c : cases) {
+    for (const auto& [name, file, rows] : cases) {
         TestApp t;
-        t.WriteFile("Data.dat", c.file);
-        EXPECT_TRUE(ReadData(t.app, "", false)) << c.name;
-        if (c.rows < 0) continue;
-        EXPECT_EQ(t.grid.RowCount(), c.rows) << c.name;
-        if (c.rows == 1) {
+        t.WriteFile("Data.dat", file);
+        EXPECT_TRUE(ReadData(t.app, "", false)) << name;
+        if (rows < 0) continue;
+        EXPECT_EQ(t.grid.RowCount(), rows) << name;
+        if (rows == 1) {
             EXPECT_EQ(t.grid.Cell(1, kColAdditional), huge);
         }
     }

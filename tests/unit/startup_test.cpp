@@ -5,12 +5,7 @@
 #include "version.h"
 
 TEST(SplitCommandLine, PathBeforeTheFirstSwitchAndKnownSwitchesOnly) {
-    struct Case {
-        const char* line;
-        const char* path;
-        bool noStart;
-        bool noRepeat;
-    } cases[] = {
+    const std::tuple<const char*, const char*, bool, bool> cases[] = {
         {"", "", false, false},
         {"C:\\a.kwf", "C:\\a.kwf", false, false},
         {"  C:\\My Scripts\\a b.kwf  ", "C:\\My Scripts\\a b.kwf", false, false},
@@ -25,11 +20,11 @@ TEST(SplitCommandLine, PathBeforeTheFirstSwitchAndKnownSwitchesOnly) {
         {"\"C:\\My Scripts\\a.kwf\" /norep", "C:\\My Scripts\\a.kwf", false, true},
         {"C:\\dir/x.kwf /norep", "C:\\dir/x.kwf", false, true},
     };
-    for (const Case& c : cases) {
-        CommandLine split = SplitCommandLine(c.line);
-        EXPECT_EQ(split.path, c.path) << c.line;
-        EXPECT_EQ(split.noStart, c.noStart) << c.line;
-        EXPECT_EQ(split.noRepeat, c.noRepeat) << c.line;
+    for (const auto& [line, path, noStart, noRepeat] : cases) {
+        CommandLine split = SplitCommandLine(line);
+        EXPECT_EQ(split.path, path) << line;
+        EXPECT_EQ(split.noStart, noStart) << line;
+        EXPECT_EQ(split.noRepeat, noRepeat) << line;
     }
 }
 
@@ -70,25 +65,20 @@ TEST(MainSub, AsksBeforeASecondInstance) {
 }
 
 TEST(MainSub, TurnsVisualStylesOnOnlyWhereTheSystemDrawsThem) {
-    struct Case {
-        OsVersion version;
-        bool themed;
-        int commonControls;
-        bool initialised;
-    } cases[] = {
+    const std::tuple<OsVersion, bool, int, bool> cases[] = {
         {{true, 2, 5, 1}, true, 6, true},   {{true, 2, 6, 0}, true, 6, true},   {{true, 2, 10, 0}, true, 6, true},
         {{true, 2, 5, 0}, true, 6, false},  {{true, 1, 4, 10}, true, 6, false}, {{true, 2, 5, 1}, false, 6, false},
         {{true, 2, 5, 1}, true, 5, false},  {{false, 2, 5, 1}, true, 6, false},
     };
-    for (const Case& c : cases) {
+    for (const auto& [version, themed, commonControls, initialised] : cases) {
         StartupApp t;
-        t.osInfo.version = c.version;
-        t.osInfo.themed = c.themed;
-        t.osInfo.commonControls = c.commonControls;
+        t.osInfo.version = version;
+        t.osInfo.themed = themed;
+        t.osInfo.commonControls = commonControls;
         MainSub(t.app, t.services);
         std::vector<std::pair<unsigned, unsigned>> expected;
-        if (c.initialised) expected.push_back({8u, 0x1FFFu});
-        EXPECT_EQ(t.osInfo.initCalls, expected) << c.version.major << "." << c.version.minor;
+        if (initialised) expected.push_back({8u, 0x1FFFu});
+        EXPECT_EQ(t.osInfo.initCalls, expected) << version.major << "." << version.minor;
     }
 }
 
@@ -120,19 +110,17 @@ TEST(CloseMainWindow, SavesReleasesAndUnloads) {
 }
 
 TEST(CloseMainWindow, OffersTheErrorLogOnlyWhenItChanged) {
-    struct Case {
-        const char* logAtClose;  // nullptr: no log
-        long sizeAtStart;
-        bool offered;
-    } cases[] = {{nullptr, 0, false}, {"12345", 5, false}, {"12345", 0, true}, {"12345", 9, true}};
-    for (const Case& c : cases) {
+    // The log at close (nullptr: none), its size at start, whether it is offered.
+    const std::tuple<const char*, long, bool> cases[] = {
+        {nullptr, 0, false}, {"12345", 5, false}, {"12345", 0, true}, {"12345", 9, true}};
+    for (const auto& [logAtClose, sizeAtStart, offered] : cases) {
         StartupApp t;
-        if (c.logAtClose) t.WriteFile("Error.log", c.logAtClose);
-        t.app.errorLogSizeAtStart = c.sizeAtStart;
+        if (logAtClose) t.WriteFile("Error.log", logAtClose);
+        t.app.errorLogSizeAtStart = sizeAtStart;
         EXPECT_TRUE(CloseMainWindow(t.app, t.services));
-        if (!c.offered) {
-            EXPECT_TRUE(t.boxes.shown.empty()) << c.sizeAtStart;
-            EXPECT_TRUE(t.shell.calls.empty()) << c.sizeAtStart;
+        if (!offered) {
+            EXPECT_TRUE(t.boxes.shown.empty()) << sizeAtStart;
+            EXPECT_TRUE(t.shell.calls.empty()) << sizeAtStart;
             continue;
         }
         ASSERT_EQ(t.boxes.shown.size(), 1u);

@@ -1,10 +1,10 @@
 #include <gtest/gtest.h>
 
 #include "app/enable_controls.h"
-#include "core/status_line.h"
 #include "app/toolbar_commands.h"
-#include "fakes/test_app.h"
 #include "core/runtime_error.h"
+#include "core/status_line.h"
+#include "fakes/test_app.h"
 
 namespace {
 
