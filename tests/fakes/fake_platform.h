@@ -128,9 +128,7 @@ public:
     OsVersion Version() override { return version; }
     bool IsAppThemed() override { return themed; }
     int CommonControlsMajorVersion() override { return commonControls; }
-    void InitCommonControls(unsigned size, unsigned classes) override {
-        initCalls.push_back({size, classes});
-    }
+    void InitCommonControls(unsigned size, unsigned classes) override { initCalls.push_back({size, classes}); }
     bool OtherInstanceRunning() override { return otherInstance; }
     std::string ProgramFolder() override { return folder; }
     std::string CommandLine() override { return commandLine; }
