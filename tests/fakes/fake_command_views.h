@@ -8,6 +8,7 @@
 
 #include "app/about_box.h"
 #include "core/file_dialogs.h"
+#include "core/runtime_error.h"
 
 // Records every dialog request and answers from a script: each answer is a
 // chosen path, or nothing for Cancel. With no answer left the user cancels.
@@ -26,7 +27,15 @@ public:
     std::function<void(const Shown&)> onShow;
 
 private:
-    std::optional<std::string> Answer(bool save, const FileDialogRequest& request);
+    std::optional<std::string> Answer(bool save, const FileDialogRequest& request) {
+        shown.push_back({save, request});
+        if (onShow) onShow(shown.back());
+        if (fail) throw RuntimeError(errors::kInvalidCall, "CommDlgExtendedError 65535");
+        if (answers.empty()) return std::nullopt;
+        std::optional<std::string> answer = answers.front();
+        answers.pop_front();
+        return answer;
+    }
 };
 
 class FakeAboutView : public AboutView {
@@ -46,10 +55,11 @@ public:
     void SetVisible(bool shown) override { visible = shown; }
     bool Visible() const override { return visible; }
 
-    double frameWidth = 4800;
-    double frameHeight = 2900;
-    double innerWidth = 6735;
-    double innerHeight = 6100;
+    // The centred frame's corner is at 1000, 1000.
+    double frameWidth = 4000;
+    double frameHeight = 1000;
+    double innerWidth = 6000;
+    double innerHeight = 3000;
     double left = 0;
     double top = 0;
     bool visible = false;

@@ -113,11 +113,9 @@ void FakeClock::Advance(double milliseconds) {
 
 void FakeRegistry::SetString(RegistryRoot, const std::string& subkey, const std::string& name,
                              const std::string& data) {
-    calls.push_back("set " + name);
     if (!refuseWrites) values[subkey + "\\" + name] = data;
 }
 
 void FakeRegistry::DeleteValue(RegistryRoot, const std::string& subkey, const std::string& name) {
-    calls.push_back("delete " + name);
     if (!refuseWrites) values.erase(subkey + "\\" + name);
 }

@@ -105,7 +105,6 @@ public:
 
     bool refuseWrites = false;  // like HKEY_LOCAL_MACHINE without the rights
     std::map<std::string, std::string> values;  // "subkey\name" -> data
-    std::vector<std::string> calls;
 };
 
 class FakeShell : public Shell {
@@ -117,9 +116,11 @@ public:
     std::intptr_t Open(const std::string& file, const std::string& parameters, const std::string& directory,
                        int showCommand) override {
         calls.push_back({file, parameters, directory, showCommand});
+        if (onOpen) onOpen();
         return 42;
     }
     std::vector<Call> calls;
+    std::function<void()> onOpen;  // looks at the program during the call
 };
 
 class FakeOsInfo : public OsInfo {
@@ -127,9 +128,7 @@ public:
     OsVersion Version() override { return version; }
     bool IsAppThemed() override { return themed; }
     int CommonControlsMajorVersion() override { return commonControls; }
-    void InitCommonControls(unsigned size, unsigned classes) override {
-        initCalls.push_back({size, classes});
-    }
+    void InitCommonControls(unsigned size, unsigned classes) override { initCalls.push_back({size, classes}); }
     bool OtherInstanceRunning() override { return otherInstance; }
     std::string ProgramFolder() override { return folder; }
     std::string CommandLine() override { return commandLine; }

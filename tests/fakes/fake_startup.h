@@ -1,10 +1,12 @@
 #pragma once
 // Start-up services that record every call in order; loading the main window
 // runs MainLoad as the real window's creation does.
+#include <algorithm>
 #include <string>
 #include <vector>
 
 #include "app/startup.h"
+#include "fakes/test_app.h"
 
 class FakeStartupServices : public StartupServices {
 public:
@@ -26,10 +28,15 @@ public:
     void ReleaseHooks() override { calls.push_back("ReleaseHooks"); }
     void UnloadWindows() override { calls.push_back("UnloadWindows"); }
 
-    bool Called(const std::string& call) const;
+    bool Called(const std::string& call) const { return std::ranges::find(calls, call) != calls.end(); }
 
     std::vector<std::string> calls;
 
 private:
     App& app_;
+};
+
+// A TestApp with start-up services over it.
+struct StartupApp : TestApp {
+    FakeStartupServices services{app};
 };

@@ -36,3 +36,9 @@ BoxAnswer ScriptedBoxes::Show(const std::string& text, const std::string& title,
     bool question = style == BoxStyle::QuestionYesNo || style == BoxStyle::YesNoCancel;
     return question ? BoxAnswer::No : BoxAnswer::Ok;
 }
+
+std::vector<std::string> ScriptedBoxes::Texts() const {
+    std::vector<std::string> texts;
+    for (const Shown& box : shown) texts.push_back(box.text);
+    return texts;
+}

@@ -21,7 +21,7 @@ public:
 
     void SetPanelText(int panel, const std::string& text) override {
         panels.at(panel) = text;
-        panelWrites.push_back({panel, text});
+        if (panel == 1 && !text.empty()) statusTexts.push_back(text);
     }
     std::string PanelText(int panel) const override { return panels.at(panel); }
     void SetEnabled(Control control, bool enabled) override { disabled[control] = !enabled; }
@@ -64,7 +64,7 @@ public:
     double nowMs = 0;                    // kept in step by FakeClock
 
     std::array<std::string, 7> panels;  // index 1 to 6
-    std::vector<std::pair<int, std::string>> panelWrites;  // every write, in order
+    std::vector<std::string> statusTexts;  // every text panel 1 was given but blanks, in order
     std::map<Control, bool> disabled;
     std::map<Timer, TimerSlot> timers;
     std::map<Frame, bool> hiddenFrames;
@@ -94,6 +94,7 @@ public:
         BoxStyle style;
     };
     BoxAnswer Show(const std::string& text, const std::string& title, BoxStyle style) override;
+    std::vector<std::string> Texts() const;  // of the boxes shown, in order
 
     std::deque<BoxAnswer> answers;
     std::vector<Shown> shown;

@@ -1,6 +1,7 @@
 #include "fakes/ini_text_file.h"
 
 #include <optional>
+#include <sstream>
 #include <vector>
 
 #include "core/basic_text.h"
@@ -19,14 +20,10 @@ std::string TrimBlanks(const std::string& text) {
 
 std::vector<std::string> Lines(const std::string& text) {
     std::vector<std::string> lines;
-    std::size_t start = 0;
-    while (start < text.size()) {
-        std::size_t end = text.find('\n', start);
-        if (end == std::string::npos) end = text.size();
-        std::string line = text.substr(start, end - start);
+    std::istringstream in(text);
+    for (std::string line; std::getline(in, line);) {
         if (!line.empty() && line.back() == '\r') line.pop_back();
         lines.push_back(line);
-        start = end + 1;
     }
     return lines;
 }
@@ -48,20 +45,13 @@ std::optional<std::string> KeyName(const std::string& line) {
     return TrimBlanks(trimmed.substr(0, equals));
 }
 
-std::string ValueOf(const std::string& line) {
-    std::string value = TrimBlanks(line.substr(line.find('=') + 1));
-    if (value.size() >= 2 && (value.front() == '"' || value.front() == '\'') && value.back() == value.front()) {
-        value = value.substr(1, value.size() - 2);
-    }
-    return value;
-}
+std::string ValueOf(const std::string& line) { return TrimBlanks(line.substr(line.find('=') + 1)); }
 
 bool SameName(const std::string& a, const std::string& b) { return Lower(a) == Lower(b); }
 
 struct Location {
-    int sectionLine = -1;  // index of the section header
-    int keyLine = -1;      // index of the key's line
-    int lastLine = -1;     // last non-blank line inside the section
+    int keyLine = -1;   // index of the key's line
+    int lastLine = -1;  // last non-blank line of the section, its header at least
 };
 
 Location Find(const std::vector<std::string>& lines, const std::string& section, const std::string& key) {
@@ -71,7 +61,7 @@ Location Find(const std::vector<std::string>& lines, const std::string& section,
         if (auto name = SectionName(lines[i])) {
             if (inside) break;
             inside = SameName(*name, section);
-            if (inside) found.sectionLine = found.lastLine = i;
+            if (inside) found.lastLine = i;
             continue;
         }
         if (!inside) continue;
@@ -85,14 +75,10 @@ Location Find(const std::vector<std::string>& lines, const std::string& section,
 }  // namespace
 
 std::string IniTextFile::Read(const std::string& section, const std::string& key, const std::string& file) {
-    auto text = files_.ReadAll(file);
-    if (!text) return "";
-    std::vector<std::string> lines = Lines(*text);
+    std::vector<std::string> lines = Lines(files_.ReadAll(file).value_or(""));
     Location at = Find(lines, section, key);
     if (at.keyLine < 0) return "";
-    std::string value = ValueOf(lines[at.keyLine]);
-    if (value.size() > kReadBufferChars - 1) value.resize(kReadBufferChars - 1);
-    return value;
+    return ValueOf(lines[at.keyLine]).substr(0, kReadBufferChars - 1);
 }
 
 int IniTextFile::Write(const std::string& section, const std::string& key, const std::string& value,
@@ -102,7 +88,7 @@ int IniTextFile::Write(const std::string& section, const std::string& key, const
     std::string entry = key + "=" + value;
     if (at.keyLine >= 0) {
         lines[at.keyLine] = entry;
-    } else if (at.sectionLine >= 0) {
+    } else if (at.lastLine >= 0) {
         lines.insert(lines.begin() + at.lastLine + 1, entry);
     } else {
         lines.push_back("[" + section + "]");

@@ -1,7 +1,7 @@
 #pragma once
 // The private-profile format implemented over Files, with the observable
-// semantics of GetPrivateProfileStringA / WritePrivateProfileStringA, for
-// builds other than Windows.
+// semantics of GetPrivateProfileStringA / WritePrivateProfileStringA that the
+// program meets (it writes no quoted values), for builds other than Windows.
 #include "platform/files.h"
 #include "platform/settings_file.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 // Decorators over the real files and settings file of a TestApp that record
-// what passes through them and can make writes fail, and an App that talks
+// the settings written and can make file writes fail, and an App that talks
 // through them.
 #include <functional>
 #include <string>
@@ -11,13 +11,16 @@
 class RecordingSettingsFile : public SettingsFile {
 public:
     explicit RecordingSettingsFile(SettingsFile& inner) : inner_(inner) {}
-    std::string Read(const std::string& section, const std::string& key, const std::string& file) override;
+    std::string Read(const std::string& section, const std::string& key, const std::string& file) override {
+        return inner_.Read(section, key, file);
+    }
     int Write(const std::string& section, const std::string& key, const std::string& value,
-              const std::string& file) override;
+              const std::string& file) override {
+        writes.push_back(key + "=" + value);
+        return inner_.Write(section, key, value, file);
+    }
 
-    std::vector<std::string> reads;   // "Key"
-    std::vector<std::string> writes;  // "Key=Value"
-    std::vector<std::string> files;   // the file of every call, in order
+    std::vector<std::string> writes;  // "Key=Value", in order
 
 private:
     SettingsFile& inner_;
@@ -28,15 +31,16 @@ public:
     explicit ProbeFiles(Files& inner) : inner_(inner) {}
     std::optional<std::int64_t> Length(const std::string& path) override { return inner_.Length(path); }
     std::optional<std::string> ReadAll(const std::string& path) override { return inner_.ReadAll(path); }
-    // Like a full disk: nothing reaches the file.
-    bool WriteAtomically(const std::string& path, const std::string& data) override;
+    bool WriteAtomically(const std::string& path, const std::string& data) override {
+        return (!onWrite || onWrite(path)) && inner_.WriteAtomically(path, data);
+    }
     bool Append(const std::string& path, const std::string& data) override { return inner_.Append(path, data); }
-    bool Copy(const std::string& from, const std::string& to) override;
+    bool Copy(const std::string& from, const std::string& to) override { return inner_.Copy(from, to); }
     std::vector<std::string> List(const std::string& pattern) override { return inner_.List(pattern); }
 
-    bool failWrites = false;
-    bool failCopies = false;
-    std::function<void(const std::string& path)> onWrite;  // runs before each atomic write
+    // Runs before each atomic write; false fails the write like a full disk,
+    // so nothing reaches the file.
+    std::function<bool(const std::string& path)> onWrite;
 
 private:
     Files& inner_;
@@ -45,7 +49,7 @@ private:
 // A TestApp whose App reads and writes through the decorators above.
 class ProbedTestApp {
 public:
-    ProbedTestApp();
+    ProbedTestApp() { base.Place(app); }
 
     TestApp base;
     ProbeFiles files{base.files};

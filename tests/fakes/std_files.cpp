@@ -1,31 +1,19 @@
 #include "fakes/std_files.h"
 
-#include <cctype>
-#include <cstdio>
+#include <algorithm>
 #include <filesystem>
+#include <fnmatch.h>
 #include <fstream>
+#include <iterator>
 #include <system_error>
 
 namespace fs = std::filesystem;
 
 namespace {
 
-fs::path Native(const std::string& path) {
-    std::string copy = path;
-    for (char& c : copy) {
-        if (c == '\\') c = '/';
-    }
-    return fs::path(copy);
-}
-
-// "*" matches any run, "?" one character, in any case as on Windows.
-bool Matches(const char* pattern, const char* name) {
-    if (*pattern == '\0') return *name == '\0';
-    if (*pattern == '*') return Matches(pattern + 1, name) || (*name != '\0' && Matches(pattern, name + 1));
-    if (*name == '\0') return false;
-    bool same = *pattern == '?' || std::tolower(static_cast<unsigned char>(*pattern)) ==
-                                       std::tolower(static_cast<unsigned char>(*name));
-    return same && Matches(pattern + 1, name + 1);
+fs::path Native(std::string path) {
+    std::ranges::replace(path, '\\', '/');
+    return path;
 }
 
 }  // namespace
@@ -40,13 +28,7 @@ std::optional<std::int64_t> StdFiles::Length(const std::string& path) {
 std::optional<std::string> StdFiles::ReadAll(const std::string& path) {
     std::ifstream in(Native(path), std::ios::binary);
     if (!in) return std::nullopt;
-    std::string data;
-    in.seekg(0, std::ios::end);
-    data.resize(static_cast<std::size_t>(in.tellg()));
-    in.seekg(0);
-    in.read(data.data(), static_cast<std::streamsize>(data.size()));
-    if (!in) return std::nullopt;
-    return data;
+    return std::string(std::istreambuf_iterator<char>(in), {});
 }
 
 bool StdFiles::WriteAtomically(const std::string& path, const std::string& data) {
@@ -55,14 +37,7 @@ bool StdFiles::WriteAtomically(const std::string& path, const std::string& data)
     temporary += ".tmp";
     {
         std::ofstream out(temporary, std::ios::binary | std::ios::trunc);
-        out.write(data.data(), static_cast<std::streamsize>(data.size()));
-        out.flush();
-        if (!out) {
-            out.close();
-            std::error_code ignored;
-            fs::remove(temporary, ignored);
-            return false;
-        }
+        if (!out.write(data.data(), static_cast<std::streamsize>(data.size())).flush()) return false;
     }
     std::error_code error;
     fs::rename(temporary, target, error);
@@ -88,7 +63,8 @@ std::vector<std::string> StdFiles::List(const std::string& pattern) {
     std::error_code error;
     for (const auto& entry : fs::directory_iterator(native.parent_path(), error)) {
         std::string name = entry.path().filename().string();
-        if (entry.is_regular_file() && Matches(mask.c_str(), name.c_str())) names.push_back(name);
+        // In any case, as on Windows.
+        if (entry.is_regular_file() && fnmatch(mask.c_str(), name.c_str(), FNM_CASEFOLD) == 0) names.push_back(name);
     }
     return names;
 }

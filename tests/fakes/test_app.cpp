@@ -2,7 +2,6 @@
 
 #include <fstream>
 #include <random>
-#include <sstream>
 
 namespace {
 std::filesystem::path FreshFolder() {
@@ -15,11 +14,15 @@ std::filesystem::path FreshFolder() {
 
 TestApp::TestApp() : folder(FreshFolder()) {
     osInfo.folder = folder.string();
-    app.programFolder = folder.string();
-    app.appTitle = "Klickwerk v1.0";
-    app.settingsPath = Path("Settings.ini");
-    app.scriptStorePath = Path("Data.dat");
-    app.errorLogPath = Path("Error.log");
+    Place(app);
+}
+
+void TestApp::Place(App& target) const {
+    target.programFolder = folder.string();
+    target.appTitle = "Klickwerk v1.0";
+    target.settingsPath = target.programFolder + "\\Settings.ini";
+    target.scriptStorePath = target.programFolder + "\\Data.dat";
+    target.errorLogPath = target.programFolder + "\\Error.log";
 }
 
 TestApp::~TestApp() {
@@ -29,10 +32,7 @@ TestApp::~TestApp() {
 }
 
 std::string TestApp::ReadFile(const std::string& name) const {
-    std::ifstream in(NativePath(name), std::ios::binary);
-    std::ostringstream text;
-    text << in.rdbuf();
-    return text.str();
+    return StdFiles().ReadAll(NativePath(name).string()).value_or("");
 }
 
 void TestApp::WriteFile(const std::string& name, const std::string& data) const {

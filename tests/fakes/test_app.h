@@ -20,11 +20,13 @@ public:
     ~TestApp();
     TestApp(const TestApp&) = delete;
     TestApp& operator=(const TestApp&) = delete;
+    // Gives `target` the program folder and files of this app, as start-up does.
+    void Place(App& target) const;
 
     // Path of a file in the program folder, as the program names it ("\Data.dat").
     std::string Path(const std::string& name) const { return app.programFolder + "\\" + name; }
     std::filesystem::path NativePath(const std::string& name) const { return folder / name; }
-    std::string ReadFile(const std::string& name) const;
+    std::string ReadFile(const std::string& name) const;  // "" when it cannot be read
     void WriteFile(const std::string& name, const std::string& data) const;
     bool Exists(const std::string& name) const { return std::filesystem::exists(NativePath(name)); }
     void AddStep(const std::array<std::string, kColumnCount>& cells, bool checked = true) {

@@ -4,12 +4,10 @@
 #include "core/runtime_error.h"
 
 TEST(BasicText, ValReadsTheLeadingNumber) {
-    struct Case {
-        const char* text;
-        double value;
-    } cases[] = {{"12abc", 12}, {"abc", 0}, {"", 0}, {"  -3.5x", -3.5}, {"1 2 3", 123}, {".5", 0.5},
-                 {"007", 7},    {"1e3", 1000}, {"1e", 1}, {"-", 0}, {"+4", 4}, {"9..1", 9}};
-    for (const Case& c : cases) EXPECT_DOUBLE_EQ(Val(c.text), c.value) << c.text;
+    const std::pair<const char*, double> cases[] = {
+        {"12abc", 12}, {"abc", 0}, {"", 0}, {"  -3.5x", -3.5}, {"1 2 3", 123}, {".5", 0.5},
+        {"007", 7},    {"1e3", 1000}, {"1e", 1}, {"-", 0}, {"+4", 4}, {"9..1", 9}};
+    for (const auto& [text, value] : cases) EXPECT_DOUBLE_EQ(Val(text), value) << text;
 }
 
 TEST(BasicText, IsNumericNeedsTheWholeTrimmedText) {
@@ -19,12 +17,8 @@ TEST(BasicText, IsNumericNeedsTheWholeTrimmedText) {
 }
 
 TEST(BasicText, ToBooleanAcceptsWordsAndNumbersOnly) {
-    EXPECT_TRUE(ToBoolean("True"));
-    EXPECT_TRUE(ToBoolean("TRUE"));
-    EXPECT_FALSE(ToBoolean("false"));
-    EXPECT_TRUE(ToBoolean("1"));
-    EXPECT_TRUE(ToBoolean("-1"));
-    EXPECT_FALSE(ToBoolean("0"));
+    for (const char* yes : {"True", "TRUE", "1", "-1"}) EXPECT_TRUE(ToBoolean(yes)) << yes;
+    for (const char* no : {"false", "0"}) EXPECT_FALSE(ToBoolean(no)) << no;
     for (const char* bad : {"yes", "", "T", "Truex"}) EXPECT_THROW(ToBoolean(bad), RuntimeError) << bad;
 }
 

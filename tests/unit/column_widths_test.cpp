@@ -1,9 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "app/init.h"
-#include "core/settings.h"
 #include "editing/column_widths.h"
-#include "fakes/fake_startup.h"
 #include "fakes/test_app.h"
 
 namespace {
@@ -34,13 +31,6 @@ TEST_F(ColumnWidths, TheTimerRebuildsOnlyWhenTheTotalChanged) {
     OnColResizeTimer(t.app);
     EXPECT_EQ(t.app.columnWidths[0], "800");
     EXPECT_EQ(t.app.columnWidths[4], "2000");
-}
-
-TEST_F(ColumnWidths, AnUntouchedGridSavesTheDefaultsWithoutBlanks) {
-    FakeStartupServices services(t.app);
-    Init(t.app, true, services);
-    SaveSet(t.app);
-    EXPECT_EQ(ReadIni(t.app, "MAIN", "ColWidth"), "800,600,600,1500,1125,700,700,800");
 }
 
 }  // namespace

@@ -19,20 +19,12 @@ std::vector<std::string> Numbers(const StepGrid& grid) {
 
 }  // namespace
 
-TEST(LstAddNew, AppendsADefaultStepAtTheEnd) {
-    TestApp t;
-    AddRows(t.grid, {"1", "2"});
-    LstAddNew(t.app, true, false);
-    ASSERT_EQ(t.grid.RowCount(), 3);
-    Cells expected = {"3", "-1", "-1", "No Click", "", "0", "0", "0"};
-    EXPECT_EQ(t.grid.Row(3).cells, expected);
-    EXPECT_FALSE(t.grid.Checked(3));
-    EXPECT_TRUE(t.grid.Selected(3));
-}
-
-TEST(LstAddNew, InsertsBeforeTheSelectedRowWithItsIndex) {
+TEST(LstAddNew, InsertsBeforeTheSelectedRowWithItsIndexAndWithoutOneLogsAnError) {
     TestApp t;
     AddRows(t.grid, {"1", "2", "3"});
+    LstAddNew(t.app, false, false);
+    EXPECT_EQ(t.grid.RowCount(), 3);
+    EXPECT_NE(t.ReadFile("Error.log").find(" 91 lstAddNew 0"), std::string::npos);
     t.grid.SetSelected(2, true);
     LstAddNew(t.app, false, false);
     ASSERT_EQ(t.grid.RowCount(), 4);
@@ -51,25 +43,20 @@ TEST(LstAddNew, MarksNewOnlyWhileTheRecorderIsIdle) {
     }
 }
 
-TEST(LstAddNew, DeselectsOthersOnlyWhenAsked) {
+TEST(LstAddNew, AppendsAnUncheckedDefaultStepSelectedAndDeselectsOthersOnlyWhenAsked) {
     for (bool deselect : {false, true}) {
         TestApp t;
         AddRows(t.grid, {"1", "2", "3"});
         t.grid.SetSelected(1, true);
         t.grid.SetSelected(3, true);
         LstAddNew(t.app, true, deselect);
+        ASSERT_EQ(t.grid.RowCount(), 4);
+        EXPECT_EQ(t.grid.Row(4).cells, (Cells{"4", "-1", "-1", "No Click", "", "0", "0", "0"}));
+        EXPECT_FALSE(t.grid.Checked(4));
         EXPECT_TRUE(t.grid.Selected(4)) << deselect;
         EXPECT_EQ(t.grid.Selected(1), !deselect);
         EXPECT_EQ(t.grid.Selected(3), !deselect);
     }
-}
-
-TEST(LstAddNew, InsertWithoutSelectionIsLoggedAndChangesNothing) {
-    TestApp t;
-    AddRows(t.grid, {"1"});
-    LstAddNew(t.app, false, false);
-    EXPECT_EQ(t.grid.RowCount(), 1);
-    EXPECT_NE(t.ReadFile("Error.log").find(" 91 lstAddNew 0"), std::string::npos);
 }
 
 TEST(Renumber, NumbersRowsWithoutGapsAndShowsTheCount) {

@@ -1,9 +1,8 @@
 #include <gtest/gtest.h>
 
-#include "core/settings.h"
 #include "app/startup.h"
+#include "core/settings.h"
 #include "fakes/fake_startup.h"
-#include "fakes/test_app.h"
 
 namespace {
 
@@ -20,157 +19,122 @@ const std::string kExample =
     "True|||1||10||10||Left Click||||0||1||0\r\nTrue|||2||20||20||Left Click||||0||1||0\r\n";
 const std::string kWorkingCopy = "False|||1||5||5||No Click||||0||0||0\r\n";
 
-struct LoadRun {
-    TestApp t;
-    FakeStartupServices services{t.app};
-
-    Strings Boxes() const {
-        Strings texts;
-        for (const auto& box : t.boxes.shown) texts.push_back(box.text);
-        return texts;
+struct LoadRun : StartupApp {
+    explicit LoadRun(const std::string& settings = "") {
+        if (!settings.empty()) WriteFile("Settings.ini", "[MAIN]\r\n" + settings);
+        WriteFile("Data.dat", kWorkingCopy);
     }
-    std::string Setting(const char* key) { return ReadIni(t.app, kSettingsSection, key); }
+    std::string Setting(const char* key) { return ReadIni(app, kSettingsSection, key); }
     void Run(const std::string& commandLine = "") {
-        t.osInfo.commandLine = commandLine;
-        MainLoad(t.app, services);
+        osInfo.commandLine = commandLine;
+        MainLoad(app, services);
     }
 };
 
 }  // namespace
 
-TEST(MainLoad, MissingSettingsWritesDefaultsAfterTheDeclinedOffer) {
-    LoadRun r;
-    r.t.boxes.answers = {BoxAnswer::Ok, BoxAnswer::No};
-    r.Run();
-    EXPECT_EQ(r.Boxes(), (Strings{kMissingSettings, kFirstRunQuestion}));
-    EXPECT_EQ(r.t.boxes.shown[0].style, BoxStyle::Information);
-    EXPECT_EQ(r.t.boxes.shown[1].style, BoxStyle::QuestionYesNo);
-    EXPECT_EQ(r.Setting("AutoStart"), "0");
-    EXPECT_EQ(r.Setting("FirstRun"), "0");
-    EXPECT_EQ(r.Setting("StopKey"), "27");
-    EXPECT_EQ(r.Setting("LastCheck"), "11/21/2026");
-    EXPECT_EQ(r.services.calls,
-              (Strings{"LoadHookLibrary", "ShowHint", "CheckForUpdates", "FinishLoad"}));
-    EXPECT_TRUE(r.t.main.shown);
-    EXPECT_EQ(static_cast<std::size_t>(r.t.grid.ColumnCount()), 8u);
-    EXPECT_FALSE(r.t.app.firstRunDemo);
-}
-
-TEST(MainLoad, AcceptedOfferInstallsAndPlaysTheExample) {
-    LoadRun r;
-    r.t.WriteFile("Scripts/FirstRun.kwf", kExample);
-    r.t.WriteFile("Data.dat", kWorkingCopy);
-    r.t.boxes.answers = {BoxAnswer::Ok, BoxAnswer::Yes};
-    r.Run();
-    EXPECT_EQ(r.Boxes(), (Strings{kMissingSettings, kFirstRunQuestion, kDemoWarning}));
-    EXPECT_EQ(r.t.ReadFile("Data.dat"), kExample);
-    EXPECT_EQ(r.t.grid.RowCount(), 2);
-    EXPECT_EQ(r.Setting("AutoStart"), "1");
-    EXPECT_EQ(r.Setting("FirstRun"), "0");
-    EXPECT_TRUE(r.t.app.firstRunDemo);
-    EXPECT_TRUE(r.t.app.autoStarted);
-    EXPECT_EQ(r.services.calls,
-              (Strings{"HideSplash", "LoadHookLibrary", "CheckForUpdates", "StartPlayback", "FinishLoad"}));
-}
-
-TEST(MainLoad, AcceptedOfferWithoutTheExampleSaysSoAndDoesNotPlay) {
-    LoadRun r;
-    r.t.WriteFile("Data.dat", kWorkingCopy);
-    r.t.boxes.answers = {BoxAnswer::Ok, BoxAnswer::Yes};
-    r.Run();
-    EXPECT_EQ(r.Boxes(), (Strings{kMissingSettings, kFirstRunQuestion, kDemoWarning, kNoExample}));
-    EXPECT_EQ(r.t.boxes.shown[3].style, BoxStyle::Error);
-    EXPECT_EQ(r.Setting("AutoStart"), "0");
-    EXPECT_EQ(r.Setting("FirstRun"), "0");
-    EXPECT_EQ(r.t.grid.RowCount(), 1);
-    EXPECT_FALSE(r.services.Called("StartPlayback"));
-    EXPECT_FALSE(r.services.Called("ShowHint"));
+TEST(MainLoad, MissingSettingsAreWrittenAfterTheFirstRunOffer) {
+    struct Case {
+        bool exampleThere;
+        BoxAnswer answer;
+        Strings boxes;
+        BoxStyle lastStyle;
+        const char* autoStart;
+        int rows;
+        Strings calls;
+    } cases[] = {
+        {true, BoxAnswer::No, {kMissingSettings, kFirstRunQuestion}, BoxStyle::QuestionYesNo, "0", 1,
+         {"LoadHookLibrary", "ShowHint", "CheckForUpdates", "FinishLoad"}},
+        {true, BoxAnswer::Yes, {kMissingSettings, kFirstRunQuestion, kDemoWarning}, BoxStyle::Information, "1", 2,
+         {"HideSplash", "LoadHookLibrary", "CheckForUpdates", "StartPlayback", "FinishLoad"}},
+        {false, BoxAnswer::Yes, {kMissingSettings, kFirstRunQuestion, kDemoWarning, kNoExample}, BoxStyle::Error, "0",
+         1, {"HideSplash", "LoadHookLibrary", "CheckForUpdates", "FinishLoad"}},
+    };
+    for (const Case& c : cases) {
+        LoadRun r;
+        if (c.exampleThere) r.WriteFile("Scripts/FirstRun.kwf", kExample);
+        r.boxes.answers = {BoxAnswer::Ok, c.answer};
+        r.Run();
+        EXPECT_EQ(r.boxes.Texts(), c.boxes);
+        EXPECT_EQ(r.boxes.shown.front().style, BoxStyle::Information);
+        EXPECT_EQ(r.boxes.shown.back().style, c.lastStyle);
+        EXPECT_EQ(r.Setting("AutoStart"), c.autoStart);
+        EXPECT_EQ(r.Setting("FirstRun"), "0");
+        EXPECT_EQ(r.Setting("StopKey"), "27");
+        EXPECT_EQ(r.Setting("LastCheck"), "11/21/2026");
+        EXPECT_EQ(r.grid.RowCount(), c.rows);
+        EXPECT_EQ(r.grid.ColumnCount(), kColumnCount);
+        EXPECT_EQ(r.services.calls, c.calls);
+        EXPECT_TRUE(r.main.shown);
+        EXPECT_EQ(r.app.firstRunDemo, c.answer == BoxAnswer::Yes);
+        EXPECT_EQ(r.app.autoStarted, r.services.Called("StartPlayback"));
+        EXPECT_EQ(r.ReadFile("Data.dat"), c.rows == 2 ? kExample : kWorkingCopy);
+    }
 }
 
 TEST(MainLoad, LaterStartsLoadTheWorkingCopyAndFollowTheSettings) {
-    struct Case {
-        const char* settings;
-        Strings calls;
-    } cases[] = {
+    const std::pair<const char*, Strings> cases[] = {
         {"FirstRun=0\r\nDYK=1\r\nAutoStart=0\r\n", {"LoadHookLibrary", "ShowHint", "CheckForUpdates", "FinishLoad"}},
         {"FirstRun=0\r\nDYK=0\r\nAutoStart=1\r\n", {"LoadHookLibrary", "CheckForUpdates", "StartPlayback", "FinishLoad"}},
         {"FirstRun=0\r\nDYK=2\r\nAutoStart=2\r\n", {"LoadHookLibrary", "CheckForUpdates", "FinishLoad"}},
     };
-    for (const Case& c : cases) {
-        LoadRun r;
-        r.t.WriteFile("Settings.ini", std::string("[MAIN]\r\n") + c.settings);
-        r.t.WriteFile("Data.dat", kWorkingCopy);
+    for (const auto& [settings, calls] : cases) {
+        LoadRun r(settings);
         r.Run();
-        EXPECT_TRUE(r.t.boxes.shown.empty()) << c.settings;
-        EXPECT_EQ(r.t.grid.RowCount(), 1) << c.settings;
-        EXPECT_EQ(r.services.calls, c.calls) << c.settings;
-        EXPECT_EQ(r.t.app.autoStarted, r.services.Called("StartPlayback")) << c.settings;
+        EXPECT_TRUE(r.boxes.shown.empty()) << settings;
+        EXPECT_EQ(r.grid.RowCount(), 1) << settings;
+        EXPECT_EQ(r.services.calls, calls) << settings;
+        EXPECT_EQ(r.app.autoStarted, r.services.Called("StartPlayback")) << settings;
     }
 }
 
 TEST(MainLoad, CommandLineScriptReplacesTheWorkingCopyAndFollowsTheSwitches) {
-    struct Case {
-        const char* switches;
-        const char* storedRepeat;
-        const char* repeat;
-        bool plays;
-    } cases[] = {
+    const std::tuple<const char*, const char*, const char*, bool> cases[] = {
         {"", "0", "1", true},
         {"", "1", "1", true},
         {" /nostart /norep", "1", "0", false},
         {" /norep", "0", "0", true},
         {" /nostart", "0", "1", false},
-        {" /NOSTART", "0", "1", true},
     };
-    for (const Case& c : cases) {
-        LoadRun r;
-        r.t.WriteFile("Settings.ini", std::string("[MAIN]\r\nFirstRun=1\r\nAutoStart=1\r\nGRepeat=") +
-                                          c.storedRepeat + "\r\n");
-        r.t.WriteFile("Data.dat", kWorkingCopy);
-        r.t.WriteFile("Scripts/My Script.kwf", kExample);
-        r.Run(r.t.Path("Scripts\\My Script.kwf") + c.switches);
-        EXPECT_TRUE(r.t.boxes.shown.empty()) << c.switches;
-        EXPECT_EQ(r.t.grid.RowCount(), 2) << c.switches;
-        EXPECT_EQ(r.t.grid.Cell(1, kColX), "10") << c.switches;
-        EXPECT_EQ(r.t.app.settings.repeatState, c.repeat) << c.switches << c.storedRepeat;
-        EXPECT_EQ(r.t.main.repeatShownOn, std::string(c.repeat) == "1") << c.switches;
-        EXPECT_EQ(r.services.Called("StartPlayback"), c.plays) << c.switches;
-        EXPECT_FALSE(r.t.app.autoStarted);
+    for (const auto& [switches, storedRepeat, repeat, plays] : cases) {
+        LoadRun r(std::string("FirstRun=1\r\nAutoStart=1\r\nGRepeat=") + storedRepeat + "\r\n");
+        r.WriteFile("Scripts/My Script.kwf", kExample);
+        r.Run(r.Path("Scripts\\My Script.kwf") + switches);
+        EXPECT_TRUE(r.boxes.shown.empty()) << switches;
+        EXPECT_EQ(r.grid.RowCount(), 2) << switches;
+        EXPECT_EQ(r.app.settings.repeatState, repeat) << switches << storedRepeat;
+        EXPECT_EQ(r.main.repeatShownOn, std::string(repeat) == "1") << switches;
+        EXPECT_EQ(r.services.Called("StartPlayback"), plays) << switches;
+        EXPECT_FALSE(r.app.autoStarted);
         EXPECT_FALSE(r.services.Called("ShowHint"));
         EXPECT_FALSE(r.services.Called("CheckForUpdates"));
         EXPECT_EQ(r.services.calls.back(), "FinishLoad");
-        EXPECT_EQ(r.t.ReadFile("Data.dat"), kWorkingCopy);
+        EXPECT_EQ(r.ReadFile("Data.dat"), kWorkingCopy);
     }
 }
 
-TEST(MainLoad, MissingCommandLineScriptIsNamedAsTyped) {
-    LoadRun r;
-    r.t.WriteFile("Settings.ini", "[MAIN]\r\nFirstRun=0\r\n");
-    r.t.WriteFile("Data.dat", kWorkingCopy);
-    std::string path = "C:\\No Where\\my script.kwf";
-    r.Run("  " + path + "   /nostart");
-    ASSERT_EQ(r.Boxes(), (Strings{"Failed to load " + path + " script file.  Script does not exist/corrupted."}));
-    EXPECT_EQ(r.t.boxes.shown[0].style, BoxStyle::Error);
-    EXPECT_EQ(r.t.grid.RowCount(), 0);
-    EXPECT_EQ(r.t.app.settings.repeatState, "0");
-    EXPECT_EQ(r.services.calls, (Strings{"LoadHookLibrary", "FinishLoad"}));
-}
-
-TEST(MainLoad, SwitchesWithoutAPathLoadNothing) {
-    LoadRun r;
-    r.t.WriteFile("Settings.ini", "[MAIN]\r\nFirstRun=0\r\n");
-    r.t.WriteFile("Data.dat", kWorkingCopy);
-    r.Run(" /norep");
-    EXPECT_TRUE(r.t.boxes.shown.empty());
-    EXPECT_EQ(r.t.grid.RowCount(), 0);
-    EXPECT_EQ(r.services.calls, (Strings{"LoadHookLibrary", "FinishLoad"}));
+TEST(MainLoad, AMissingCommandLineScriptIsNamedAsTypedAndSwitchesAloneLoadNothing) {
+    const std::string path = "C:\\No Where\\my script.kwf";
+    const std::pair<std::string, Strings> cases[] = {
+        {"  " + path + "   /nostart", {"Failed to load " + path + " script file.  Script does not exist/corrupted."}},
+        {" /norep", {}},
+    };
+    for (const auto& [commandLine, boxes] : cases) {
+        LoadRun r("FirstRun=0\r\n");
+        r.Run(commandLine);
+        EXPECT_EQ(r.boxes.Texts(), boxes) << commandLine;
+        for (const auto& box : r.boxes.shown) EXPECT_EQ(box.style, BoxStyle::Error);
+        EXPECT_EQ(r.grid.RowCount(), 0) << commandLine;
+        EXPECT_EQ(r.app.settings.repeatState, "0") << commandLine;
+        EXPECT_EQ(r.services.calls, (Strings{"LoadHookLibrary", "FinishLoad"})) << commandLine;
+    }
 }
 
 TEST(MainLoad, MissingSettingsWithACommandLineKeepTheOfferForLater) {
     LoadRun r;
-    r.t.WriteFile("Scripts/a.kwf", kExample);
-    r.Run(r.t.Path("Scripts\\a.kwf") + " /nostart");
-    EXPECT_EQ(r.Boxes(), (Strings{kMissingSettings}));
+    r.WriteFile("Scripts/a.kwf", kExample);
+    r.Run(r.Path("Scripts\\a.kwf") + " /nostart");
+    EXPECT_EQ(r.boxes.Texts(), (Strings{kMissingSettings}));
     EXPECT_EQ(r.Setting("FirstRun"), "1");
-    EXPECT_EQ(r.t.grid.RowCount(), 2);
+    EXPECT_EQ(r.grid.RowCount(), 2);
 }

@@ -5,7 +5,6 @@
 
 #include "fakes/test_app.h"
 #include "playback/random_value.h"
-#include "core/basic_text.h"
 
 namespace {
 
@@ -29,11 +28,7 @@ TEST(IsRnd, NeedsTheOpeningAndTheClosingParenthesis) {
 }
 
 TEST_F(RandomValues, FirstPlusSpanTimesRFormattedByTheRoundingField) {
-    struct Case {
-        std::string text;
-        double r;
-        std::string value;
-    } cases[] = {
+    const std::tuple<std::string, double, std::string> cases[] = {
         {"rnd(5,0,0)", 0.99, "5"},
         {"RND(0,10,1)", 0.03, ".3"},
         {"RND(0,10,1)", 0.74, "7.4"},
@@ -51,26 +46,23 @@ TEST_F(RandomValues, FirstPlusSpanTimesRFormattedByTheRoundingField) {
         {"rnd(,,)", 0.7, "0"},
         {"rnd( , 4 , )", 0.5, "2"},
     };
-    for (const Case& c : cases) {
-        r = c.r;
-        EXPECT_EQ(RndEval(t.app, c.text, 1), c.value) << c.text << " r=" << c.r;
+    for (const auto& [text, draw, value] : cases) {
+        r = draw;
+        EXPECT_EQ(RndEval(t.app, text, 1), value) << text << " r=" << draw;
     }
     EXPECT_EQ(t.main.panels[1], "");
 }
 
-TEST_F(RandomValues, AWrongFieldCountAssignsZeroWithAMessage) {
+TEST_F(RandomValues, ANonExpressionGivesZeroSilentlyAndAWrongFieldCountWithAMessage) {
+    EXPECT_EQ(RndEval(t.app, "12", 1), "0");
+    EXPECT_EQ(RndEval(t.app, "rnd(1,2", 1), "0");
+    EXPECT_EQ(t.main.panels[1], "");
+    EXPECT_TRUE(seeds.empty());
     r = 0.5;
     for (const char* text : {"rnd(1,2)", "RND(1,2,3,4)", "rnd()"}) {
         EXPECT_EQ(RndEval(t.app, text, 4), "0") << text;
         EXPECT_EQ(t.main.panels[1], std::string("Incorrect RND syntax in step #4 [") + text + "].  Zeros assigned.");
     }
-}
-
-TEST_F(RandomValues, ATextThatIsNoExpressionGivesZeroSilently) {
-    EXPECT_EQ(RndEval(t.app, "12", 1), "0");
-    EXPECT_EQ(RndEval(t.app, "rnd(1,2", 1), "0");
-    EXPECT_EQ(t.main.panels[1], "");
-    EXPECT_TRUE(seeds.empty());
 }
 
 TEST_F(RandomValues, EveryEvaluationReseedsFromTheClock) {

@@ -8,12 +8,16 @@
 #include <string>
 #include <vector>
 
+#include "app/main_timers.h"
 #include "core/app.h"
 #include "fakes/test_app.h"
-#include "app/main_timers.h"
 
 class PlaybackRig : public ::testing::Test {
 protected:
+    static constexpr Control kLockedByRun[] = {Control::Start,    Control::Record,       Control::RecOptions,
+                                               Control::ToolSave, Control::ToolLoad,     Control::ToolSettings,
+                                               Control::Grid};
+
     PlaybackRig() {
         CreateMainTimers(app);
         t.main.panels[5] = "0";
@@ -38,6 +42,16 @@ protected:
                  const std::string& repeat = "0", bool checked = true) {
         std::string number = std::to_string(t.grid.RowCount() + 1);
         t.AddStep({number, x, y, button, additional, mins, secs, repeat}, checked);
+    }
+
+    // The window as a run leaves it: unlocked, the stop timer and pointer
+    // guard off, the step keys listened for and fine timing ended.
+    bool Idle() const {
+        for (Control control : kLockedByRun) {
+            if (!t.main.IsEnabled(control)) return false;
+        }
+        return !t.main.TimerEnabled(Timer::Stop) && t.main.TimerEnabled(Timer::ShiftNext) &&
+               !t.main.TimerEnabled(Timer::MouseSaver) && t.clock.fineTiming == 0;
     }
 
     std::vector<InputEvent> KeyEvents() const { return EventsOf(InputEvent::Key); }

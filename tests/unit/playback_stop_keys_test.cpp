@@ -3,11 +3,11 @@
 #include <string>
 #include <vector>
 
+#include "app/stop_key_panel.h"
 #include "core/app.h"
 #include "playback/hot_keys.h"
 #include "playback/playback_loop.h"
 #include "playback/run_controls.h"
-#include "app/stop_key_panel.h"
 #include "playback/stop_key.h"
 #include "playback_rig.h"
 
@@ -25,12 +25,7 @@ TEST_F(StopKeys, StopButtonRestoresTheIdleWindowInOrder) {
     t.grid.SetSelected(1, true);
     StopButton(app);
     EXPECT_TRUE(app.stopRequested);
-    EXPECT_FALSE(t.main.TimerEnabled(Timer::MouseSaver));
-    EXPECT_FALSE(t.main.TimerEnabled(Timer::Stop));
-    EXPECT_TRUE(t.main.TimerEnabled(Timer::ShiftNext));
-    for (Control control : {Control::Start, Control::Record, Control::RecOptions, Control::ToolSave,
-                            Control::ToolLoad, Control::ToolSettings, Control::Grid})
-        EXPECT_TRUE(t.main.IsEnabled(control));
+    EXPECT_TRUE(Idle());
     EXPECT_FALSE(t.grid.Selected(1));
 }
 
@@ -149,9 +144,16 @@ TEST_F(HotKeys, FTenPausesWithAPlainBox) {
     EXPECT_GE(t.clock.nowMs, 5300);
 }
 
-TEST_F(HotKeys, FElevenMovesASingleSelectionOn) {
-    t.grid.SetSelected(1, true);
+TEST_F(HotKeys, FElevenMovesASingleSelectionOnAndIgnoresNoneOrSeveral) {
     t.input.pressedKeys = {122};
+    OnShiftNextTimer(app);
+    t.grid.SetSelected(1, true);
+    t.grid.SetSelected(3, true);
+    OnShiftNextTimer(app);
+    EXPECT_EQ(t.grid.RowCount(), 3);
+    EXPECT_TRUE(t.grid.Selected(1));
+    EXPECT_FALSE(t.grid.Selected(2));
+    t.grid.SetSelected(3, false);
     OnShiftNextTimer(app);
     EXPECT_FALSE(t.grid.Selected(1));
     EXPECT_TRUE(t.grid.Selected(2));
@@ -161,18 +163,6 @@ TEST_F(HotKeys, FElevenMovesASingleSelectionOn) {
     EXPECT_TRUE(t.grid.Selected(4));
     EXPECT_FALSE(t.grid.Selected(3));
     EXPECT_EQ(t.grid.Mark(4), "NEW");
-}
-
-TEST_F(HotKeys, FElevenIgnoresNoneOrSeveralSelected) {
-    t.input.pressedKeys = {122};
-    OnShiftNextTimer(app);
-    t.grid.SetSelected(1, true);
-    t.grid.SetSelected(3, true);
-    OnShiftNextTimer(app);
-    EXPECT_EQ(t.grid.RowCount(), 3);
-    EXPECT_TRUE(t.grid.Selected(1));
-    EXPECT_FALSE(t.grid.Selected(2));
-    EXPECT_TRUE(t.grid.Selected(3));
 }
 
 }  // namespace

@@ -5,11 +5,7 @@
 namespace {
 
 TEST(ProgramArgumentsTest, TakesWhatFollowsTheProgramName) {
-    struct Case {
-        const char* commandLine;
-        const char* arguments;
-    };
-    const Case cases[] = {
+    const std::pair<const char*, const char*> cases[] = {
         {"Klickwerk.exe", ""},
         {"Klickwerk.exe   ", ""},
         {"Klickwerk.exe a.kwf", "a.kwf"},
@@ -22,7 +18,8 @@ TEST(ProgramArgumentsTest, TakesWhatFollowsTheProgramName) {
         {"\"C:\\Kw\\Klickwerk.exe", ""},
         {"", ""},
     };
-    for (const Case& c : cases) EXPECT_EQ(ArgumentsAfterProgramName(c.commandLine), c.arguments) << c.commandLine;
+    for (const auto& [commandLine, arguments] : cases)
+        EXPECT_EQ(ArgumentsAfterProgramName(commandLine), arguments) << commandLine;
 }
 
 }  // namespace

@@ -2,9 +2,9 @@
 
 #include "app/save_load_commands.h"
 #include "app/toolbar_commands.h"
-#include "fakes/test_app.h"
 #include "core/basic_text.h"
 #include "core/runtime_error.h"
+#include "fakes/probe_seams.h"
 
 namespace {
 
@@ -28,22 +28,15 @@ protected:
             disabledWhileShown = !t.main.IsEnabled(control);
         };
     }
-    bool ShownInBox(const std::string& text) const {
-        for (const auto& box : t.boxes.shown) {
-            if (box.text == text && box.title == t.app.appTitle && box.style == BoxStyle::Information) return true;
-        }
-        return false;
-    }
 
-    TestApp t;
+    ProbedTestApp p;  // its files can refuse writes
+    TestApp& t = p.base;
+    App& app = p.app;
     bool disabledWhileShown = false;
 };
 
 TEST(ProposeScriptName, CountsOnFromTheHighestNumberListedSoFar) {
-    struct Case {
-        std::vector<std::string> names;
-        const char* proposal;
-    } cases[] = {
+    const std::pair<std::vector<std::string>, const char*> cases[] = {
         {{}, "Klickwerk001.kwf"},
         {{"Klickwerk001.kwf", "Klickwerk004.kwf"}, "Klickwerk005.kwf"},
         {{"Klickwerk004.kwf", "Klickwerk001.kwf"}, "Klickwerk005.kwf"},
@@ -57,19 +50,17 @@ TEST(ProposeScriptName, CountsOnFromTheHighestNumberListedSoFar) {
         {{"ab1.5.kwf"}, "Klickwerk003.kwf"},  // "1.5" rounds to 2
         {{"a12.kwf"}, "Klickwerk001.kwf"},    // "a12" is no number
     };
-    for (const Case& c : cases) EXPECT_EQ(ProposeScriptName(c.names), c.proposal) << ::testing::PrintToString(c.names);
-}
-
-TEST(ProposeScriptName, FailsOnANameShorterThanSevenCharacters) {
+    for (const auto& [names, proposal] : cases)
+        EXPECT_EQ(ProposeScriptName(names), proposal) << ::testing::PrintToString(names);
+    // A name shorter than seven characters fails.
     EXPECT_NO_THROW(ProposeScriptName({"ab.kwfx"}));
     EXPECT_THROW(ProposeScriptName({"Klickwerk001.kwf", "a.kwf"}), RuntimeError);
 }
 
 TEST_F(SaveLoadTest, SavingAnEmptyGridSaysSoAndTouchesNoFile) {
     t.WriteFile("Data.dat", kTwoSteps);
-    ToolbarClick(t.app, "save");
-    EXPECT_TRUE(ShownInBox("Nothing to save."));
-    EXPECT_EQ(t.main.PanelText(1), "Nothing to save.");
+    ToolbarClick(app, "save");
+    EXPECT_EQ(t.boxes.Texts(), std::vector<std::string>{"Nothing to save."});
     EXPECT_EQ(t.main.timers[Timer::Blank].interval, 5000);
     EXPECT_TRUE(t.dialogs.shown.empty());
     EXPECT_EQ(t.ReadFile("Data.dat"), kTwoSteps);
@@ -81,19 +72,14 @@ TEST_F(SaveLoadTest, SaveCopiesTheWorkingCopyByteForByte) {
     t.WriteFile("Scripts/Klickwerk001.kwf", "True|||1||0||0||No Click||||0||0||0\r\n");
     t.dialogs.answers.push_back(t.Path("Scripts\\mine.kwf"));
     WatchWhileDialogShown(Control::ToolSave);
-    ToolbarClick(t.app, "save");
+    ToolbarClick(app, "save");
 
     ASSERT_EQ(t.dialogs.shown.size(), 1u);
     const ScriptedDialogs::Shown& shown = t.dialogs.shown[0];
     EXPECT_TRUE(shown.save);
-    EXPECT_EQ(shown.request.title, "Save Configuration File (Script File)");
-    EXPECT_EQ(shown.request.filter, std::string("Klickwerk CFG file\0*.kwf\0", 25));
-    EXPECT_EQ(shown.request.filterIndex, 1);
     EXPECT_EQ(shown.request.initialFolder, t.app.programFolder + "\\Scripts\\");
-    EXPECT_EQ(shown.request.defaultExtension, "kwf");
     EXPECT_EQ(shown.request.fileName, "Klickwerk002.kwf");
-    EXPECT_EQ(shown.request.flags, 0x2u | 0x4u);
-    EXPECT_EQ(shown.request.bufferSize, 260u);
+    EXPECT_EQ(shown.request.flags, 0x2u | 0x4u);  // asks before overwriting
 
     EXPECT_TRUE(disabledWhileShown);
     EXPECT_TRUE(t.main.IsEnabled(Control::ToolSave));
@@ -102,24 +88,18 @@ TEST_F(SaveLoadTest, SaveCopiesTheWorkingCopyByteForByte) {
     EXPECT_EQ(t.main.PanelText(1), "Saved successfully.");
 }
 
-TEST_F(SaveLoadTest, SaveAddsTheExtensionOnlyWhenItIsMissing) {
-    struct Case {
-        const char* chosen;
-        const char* written;
-    } cases[] = {{"X.KWF", "X.KWF"}, {"Y", "Y.kwf"}, {"Z.txt", "Z.txt.kwf"}, {"W.kwf", "W.kwf"}};
+TEST_F(SaveLoadTest, SaveAddsTheExtensionOnlyWhenItIsMissingAndCancelWritesNothing) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"X.KWF", "X.KWF"}, {"Y", "Y.kwf"}, {"Z.txt", "Z.txt.kwf"}, {"W.kwf", "W.kwf"}};
     AddSteps();
-    for (const Case& c : cases) {
-        t.dialogs.answers.push_back(t.Path(c.chosen));
-        ToolbarClick(t.app, "save");
-        EXPECT_EQ(t.ReadFile(c.written), kTwoSteps) << c.chosen;
+    for (const auto& [chosen, written] : cases) {
+        t.dialogs.answers.push_back(t.Path(chosen));
+        ToolbarClick(app, "save");
+        EXPECT_EQ(t.ReadFile(written), kTwoSteps) << chosen;
     }
     EXPECT_FALSE(t.Exists("X.KWF.kwf"));
-}
-
-TEST_F(SaveLoadTest, CancellingTheSaveDialogWritesNoScriptFile) {
-    AddSteps();
-    ToolbarClick(t.app, "save");
-    ASSERT_EQ(t.dialogs.shown.size(), 1u);
+    ToolbarClick(app, "save");  // no answer left: the user cancels
+    EXPECT_EQ(t.dialogs.shown.size(), 5u);
     EXPECT_TRUE(t.main.IsEnabled(Control::ToolSave));
     EXPECT_FALSE(t.Exists("Klickwerk001.kwf"));
     EXPECT_FALSE(t.Exists("Scripts/Klickwerk001.kwf"));
@@ -128,28 +108,15 @@ TEST_F(SaveLoadTest, CancellingTheSaveDialogWritesNoScriptFile) {
 TEST_F(SaveLoadTest, AShortScriptNameEndsTheSaveThroughItsErrorTrap) {
     AddSteps();
     t.WriteFile("Scripts/a.kwf", kTwoSteps);
-    ToolbarClick(t.app, "save");
+    ToolbarClick(app, "save");
     EXPECT_TRUE(t.dialogs.shown.empty());
     EXPECT_NE(LastLogLine().find(" 5 TBBDown/Up 0"), std::string::npos) << LastLogLine();
     EXPECT_EQ(t.main.PanelText(1).rfind("Error: ", 0), 0u);
     EXPECT_TRUE(t.main.IsEnabled(Control::ToolSave));
 }
 
-// Files whose writes to script files fail, as on a full disk.
-class RefusingScriptFiles : public StdFiles {
-public:
-    bool WriteAtomically(const std::string& path, const std::string& data) override {
-        return !EndsWith(path, ".kwf") && StdFiles::WriteAtomically(path, data);
-    }
-};
-
 TEST_F(SaveLoadTest, AFailedCopyKeepsTheExistingFileAndIsLogged) {
-    RefusingScriptFiles files;
-    Platform platform{files, t.ini, t.registry, t.shell, t.input, t.windows, t.clock, t.osInfo};
-    App app{platform, t.views};
-    app.programFolder = t.app.programFolder;
-    app.scriptStorePath = t.app.scriptStorePath;
-    app.errorLogPath = t.app.errorLogPath;
+    p.files.onWrite = [](const std::string& path) { return !EndsWith(path, ".kwf"); };
     AddSteps();
     t.WriteFile("old.kwf", "True|||1||1||1||No Click||||0||0||0\r\n");
     t.dialogs.answers.push_back(t.Path("old.kwf"));
@@ -167,14 +134,12 @@ TEST_F(SaveLoadTest, LoadReplacesTheWorkingCopyAndTheGrid) {
     t.WriteFile("Scripts/other.kwf", loaded);
     t.dialogs.answers.push_back(t.Path("Scripts\\other.kwf"));
     WatchWhileDialogShown(Control::ToolLoad);
-    ToolbarClick(t.app, "load");
+    ToolbarClick(app, "load");
 
     ASSERT_EQ(t.dialogs.shown.size(), 1u);
     const FileDialogRequest& request = t.dialogs.shown[0].request;
     EXPECT_FALSE(t.dialogs.shown[0].save);
-    EXPECT_EQ(request.title, "Load Configuration File (Script File)");
-    EXPECT_EQ(request.filter, std::string("Klickwerk CFG file\0*.kwf\0All Files\0*.*", 38));
-    EXPECT_EQ(request.flags, 0x1000u);
+    EXPECT_EQ(request.flags, 0x1000u);  // the file must exist
     EXPECT_EQ(request.initialFolder, t.app.programFolder + "\\Scripts\\");
     EXPECT_EQ(request.fileName, "");
 
@@ -188,27 +153,22 @@ TEST_F(SaveLoadTest, LoadReplacesTheWorkingCopyAndTheGrid) {
 }
 
 TEST_F(SaveLoadTest, LoadRefusesFilesThatAreNotScripts) {
-    struct Case {
-        const char* name;
-        std::string content;
-        std::string message;
-    } cases[] = {
+    const std::tuple<const char*, std::string, std::string> cases[] = {
         {"empty.kwf", "", "empty.kwf is empty."},
         {"notes.txt", "just a note\r\nTrue|||1||0||0||No Click||||0||0||0\r\n", "Load failed.  Incorrect contents."},
         {"half.kwf", "True|\r\n||", "Load failed.  Incorrect contents."},
     };
-    for (const Case& c : cases) {
+    for (const auto& [name, content, message] : cases) {
         TestApp fresh;
         fresh.AddStep({"1", "10", "20", "Left Click", "abc", "0", "1", "0"});
         fresh.WriteFile("Data.dat", kTwoSteps);
-        fresh.WriteFile(c.name, c.content);
-        fresh.dialogs.answers.push_back(fresh.Path(c.name));
+        fresh.WriteFile(name, content);
+        fresh.dialogs.answers.push_back(fresh.Path(name));
         ToolbarClick(fresh.app, "load");
-        ASSERT_EQ(fresh.boxes.shown.size(), 1u) << c.name;
-        EXPECT_EQ(fresh.boxes.shown[0].text, c.message);
+        EXPECT_EQ(fresh.boxes.Texts(), std::vector<std::string>{message}) << name;
         EXPECT_EQ(fresh.main.timers[Timer::Blank].interval, 5000);
-        EXPECT_EQ(fresh.ReadFile("Data.dat"), kTwoSteps) << c.name;
-        ASSERT_EQ(fresh.grid.RowCount(), 1) << c.name;
+        EXPECT_EQ(fresh.ReadFile("Data.dat"), kTwoSteps) << name;
+        ASSERT_EQ(fresh.grid.RowCount(), 1) << name;
         EXPECT_EQ(fresh.grid.Cell(1, kColAdditional), "abc");
         EXPECT_TRUE(fresh.main.IsEnabled(Control::ToolLoad));
     }
@@ -216,11 +176,11 @@ TEST_F(SaveLoadTest, LoadRefusesFilesThatAreNotScripts) {
 
 TEST_F(SaveLoadTest, AFailingDialogIsLoggedUnderItsOwnLabel) {
     t.dialogs.fail = true;
-    ToolbarClick(t.app, "load");
+    ToolbarClick(app, "load");
     EXPECT_NE(LastLogLine().find(" LoadDLG 0"), std::string::npos) << LastLogLine();
     EXPECT_TRUE(t.main.IsEnabled(Control::ToolLoad));
     AddSteps();
-    ToolbarClick(t.app, "save");
+    ToolbarClick(app, "save");
     EXPECT_NE(LastLogLine().find(" SaveDLG 0"), std::string::npos) << LastLogLine();
     EXPECT_TRUE(t.main.IsEnabled(Control::ToolSave));
 }

@@ -2,23 +2,10 @@
 
 #include "app/startup.h"
 #include "fakes/fake_startup.h"
-#include "fakes/test_app.h"
 #include "version.h"
 
-namespace {
-
-using Strings = std::vector<std::string>;
-
-
-}  // namespace
-
 TEST(SplitCommandLine, PathBeforeTheFirstSwitchAndKnownSwitchesOnly) {
-    struct Case {
-        const char* line;
-        const char* path;
-        bool noStart;
-        bool noRepeat;
-    } cases[] = {
+    const std::tuple<const char*, const char*, bool, bool> cases[] = {
         {"", "", false, false},
         {"C:\\a.kwf", "C:\\a.kwf", false, false},
         {"  C:\\My Scripts\\a b.kwf  ", "C:\\My Scripts\\a b.kwf", false, false},
@@ -33,22 +20,21 @@ TEST(SplitCommandLine, PathBeforeTheFirstSwitchAndKnownSwitchesOnly) {
         {"\"C:\\My Scripts\\a.kwf\" /norep", "C:\\My Scripts\\a.kwf", false, true},
         {"C:\\dir/x.kwf /norep", "C:\\dir/x.kwf", false, true},
     };
-    for (const Case& c : cases) {
-        CommandLine split = SplitCommandLine(c.line);
-        EXPECT_EQ(split.path, c.path) << c.line;
-        EXPECT_EQ(split.noStart, c.noStart) << c.line;
-        EXPECT_EQ(split.noRepeat, c.noRepeat) << c.line;
+    for (const auto& [line, path, noStart, noRepeat] : cases) {
+        CommandLine split = SplitCommandLine(line);
+        EXPECT_EQ(split.path, path) << line;
+        EXPECT_EQ(split.noStart, noStart) << line;
+        EXPECT_EQ(split.noRepeat, noRepeat) << line;
     }
 }
 
 TEST(MainSub, SetsTheValuesShowsTheSplashAndLoadsTheWindow) {
-    TestApp t;
+    StartupApp t;
     t.app.appTitle = t.app.settingsPath = t.app.scriptStorePath = t.app.errorLogPath = "";
     t.app.closingFlag = true;
     t.WriteFile("Error.log", "0123456789");
     t.WriteFile("Settings.ini", "[MAIN]\r\nFirstRun=0\r\n");
-    FakeStartupServices services(t.app);
-    EXPECT_TRUE(MainSub(t.app, services));
+    EXPECT_TRUE(MainSub(t.app, t.services));
     EXPECT_EQ(t.app.appTitle, "Klickwerk v1.0");
     EXPECT_EQ(t.app.programFolder, t.folder.string());
     EXPECT_EQ(t.app.settingsPath, t.Path("Settings.ini"));
@@ -56,99 +42,85 @@ TEST(MainSub, SetsTheValuesShowsTheSplashAndLoadsTheWindow) {
     EXPECT_EQ(t.app.errorLogPath, t.Path("Error.log"));
     EXPECT_EQ(t.app.errorLogSizeAtStart, 10);
     EXPECT_FALSE(t.app.closingFlag);
-    ASSERT_GE(services.calls.size(), 3u);
-    EXPECT_EQ(services.calls.front(), "ShowSplash Klickwerk v1.0 / Build " + std::to_string(KW_BUILD_NUMBER));
-    EXPECT_EQ(services.calls[1], "LoadMainWindow");
-    EXPECT_EQ(services.calls.back(), "CloseSplash");
+    ASSERT_GE(t.services.calls.size(), 3u);
+    EXPECT_EQ(t.services.calls.front(), "ShowSplash Klickwerk v1.0 / Build " + std::to_string(KW_BUILD_NUMBER));
+    EXPECT_EQ(t.services.calls[1], "LoadMainWindow");
+    EXPECT_EQ(t.services.calls.back(), "CloseSplash");
     EXPECT_TRUE(t.main.shown);
 }
 
 TEST(MainSub, AsksBeforeASecondInstance) {
     for (BoxAnswer answer : {BoxAnswer::No, BoxAnswer::Yes}) {
-        TestApp t;
+        StartupApp t;
         t.osInfo.otherInstance = true;
         t.boxes.answers = {answer};
-        FakeStartupServices services(t.app);
-        EXPECT_EQ(MainSub(t.app, services), answer == BoxAnswer::Yes);
+        EXPECT_EQ(MainSub(t.app, t.services), answer == BoxAnswer::Yes);
         ASSERT_FALSE(t.boxes.shown.empty());
         EXPECT_EQ(t.boxes.shown[0].text,
                   "There's an instance of Klickwerk v1.0 already running.  Create a new instance?");
         EXPECT_EQ(t.boxes.shown[0].style, BoxStyle::QuestionYesNo);
-        EXPECT_EQ(services.Called("LoadMainWindow"), answer == BoxAnswer::Yes);
-        EXPECT_EQ(services.calls.empty(), answer == BoxAnswer::No);
+        EXPECT_EQ(t.services.Called("LoadMainWindow"), answer == BoxAnswer::Yes);
+        EXPECT_EQ(t.services.calls.empty(), answer == BoxAnswer::No);
     }
 }
 
 TEST(MainSub, TurnsVisualStylesOnOnlyWhereTheSystemDrawsThem) {
-    struct Case {
-        OsVersion version;
-        bool themed;
-        int commonControls;
-        bool initialised;
-    } cases[] = {
+    const std::tuple<OsVersion, bool, int, bool> cases[] = {
         {{true, 2, 5, 1}, true, 6, true},   {{true, 2, 6, 0}, true, 6, true},   {{true, 2, 10, 0}, true, 6, true},
         {{true, 2, 5, 0}, true, 6, false},  {{true, 1, 4, 10}, true, 6, false}, {{true, 2, 5, 1}, false, 6, false},
         {{true, 2, 5, 1}, true, 5, false},  {{false, 2, 5, 1}, true, 6, false},
     };
-    for (const Case& c : cases) {
-        TestApp t;
-        t.osInfo.version = c.version;
-        t.osInfo.themed = c.themed;
-        t.osInfo.commonControls = c.commonControls;
-        FakeStartupServices services(t.app);
-        MainSub(t.app, services);
+    for (const auto& [version, themed, commonControls, initialised] : cases) {
+        StartupApp t;
+        t.osInfo.version = version;
+        t.osInfo.themed = themed;
+        t.osInfo.commonControls = commonControls;
+        MainSub(t.app, t.services);
         std::vector<std::pair<unsigned, unsigned>> expected;
-        if (c.initialised) expected.push_back({8u, 0x1FFFu});
-        EXPECT_EQ(t.osInfo.initCalls, expected) << c.version.major << "." << c.version.minor;
+        if (initialised) expected.push_back({8u, 0x1FFFu});
+        EXPECT_EQ(t.osInfo.initCalls, expected) << version.major << "." << version.minor;
     }
 }
 
 TEST(CloseMainWindow, FailedSaveCancelsTheClose) {
-    TestApp t;
+    StartupApp t;
     t.AddStep({"1", "-1", "-1", "No Click", "", "0", "0", "0"});
     t.app.scriptStorePath = t.Path("no such folder\\Data.dat");
-    FakeStartupServices services(t.app);
-    EXPECT_FALSE(CloseMainWindow(t.app, services));
-    EXPECT_TRUE(services.calls.empty());
+    EXPECT_FALSE(CloseMainWindow(t.app, t.services));
+    EXPECT_TRUE(t.services.calls.empty());
     EXPECT_FALSE(t.app.closingFlag);
     EXPECT_FALSE(t.Exists("Settings.ini"));
 }
 
 TEST(CloseMainWindow, SavesReleasesAndUnloads) {
     for (int onTop : {0, 1}) {
-        TestApp t;
+        StartupApp t;
         t.AddStep({"1", "-1", "-1", "No Click", "", "0", "0", "0"});
         t.AddStep({"2", "-1", "-1", "No Click", "", "0", "0", "0"});
         t.grid.SetMark(1, "NEW");
         t.app.settings.onTop = onTop;
         t.main.topmost = true;
-        FakeStartupServices services(t.app);
-        EXPECT_TRUE(CloseMainWindow(t.app, services));
+        EXPECT_TRUE(CloseMainWindow(t.app, t.services));
         EXPECT_EQ(t.ReadFile("Data.dat"), "True|||1||-1||-1||No Click||||0||0||0\r\n");
         EXPECT_EQ(t.main.topmost, onTop == 0);
         EXPECT_TRUE(t.app.closingFlag);
-        EXPECT_EQ(services.calls, (Strings{"ReleaseHooks", "UnloadWindows"}));
+        EXPECT_EQ(t.services.calls, (std::vector<std::string>{"ReleaseHooks", "UnloadWindows"}));
         EXPECT_NE(t.ReadFile("Settings.ini").find("OnTop=" + std::to_string(onTop)), std::string::npos);
-        EXPECT_TRUE(t.boxes.shown.empty());
-        EXPECT_TRUE(t.shell.calls.empty());
     }
 }
 
 TEST(CloseMainWindow, OffersTheErrorLogOnlyWhenItChanged) {
-    struct Case {
-        const char* logAtClose;  // nullptr: no log
-        long sizeAtStart;
-        bool offered;
-    } cases[] = {{nullptr, 0, false}, {"12345", 5, false}, {"12345", 0, true}, {"12345", 9, true}};
-    for (const Case& c : cases) {
-        TestApp t;
-        if (c.logAtClose) t.WriteFile("Error.log", c.logAtClose);
-        t.app.errorLogSizeAtStart = c.sizeAtStart;
-        FakeStartupServices services(t.app);
-        EXPECT_TRUE(CloseMainWindow(t.app, services));
-        if (!c.offered) {
-            EXPECT_TRUE(t.boxes.shown.empty()) << c.sizeAtStart;
-            EXPECT_TRUE(t.shell.calls.empty()) << c.sizeAtStart;
+    // The log at close (nullptr: none), its size at start, whether it is offered.
+    const std::tuple<const char*, long, bool> cases[] = {
+        {nullptr, 0, false}, {"12345", 5, false}, {"12345", 0, true}, {"12345", 9, true}};
+    for (const auto& [logAtClose, sizeAtStart, offered] : cases) {
+        StartupApp t;
+        if (logAtClose) t.WriteFile("Error.log", logAtClose);
+        t.app.errorLogSizeAtStart = sizeAtStart;
+        EXPECT_TRUE(CloseMainWindow(t.app, t.services));
+        if (!offered) {
+            EXPECT_TRUE(t.boxes.shown.empty()) << sizeAtStart;
+            EXPECT_TRUE(t.shell.calls.empty()) << sizeAtStart;
             continue;
         }
         ASSERT_EQ(t.boxes.shown.size(), 1u);
@@ -157,9 +129,8 @@ TEST(CloseMainWindow, OffersTheErrorLogOnlyWhenItChanged) {
                   "support@klickwerk.example.  Thank you.");
         EXPECT_EQ(t.boxes.shown[0].style, BoxStyle::Plain);
         ASSERT_EQ(t.shell.calls.size(), 1u);
-        EXPECT_EQ(t.shell.calls[0].file, t.Path("Error.log"));
-        EXPECT_EQ(t.shell.calls[0].parameters, "0");
-        EXPECT_EQ(t.shell.calls[0].directory, "0");
-        EXPECT_EQ(t.shell.calls[0].show, 1);
+        const FakeShell::Call& open = t.shell.calls[0];
+        EXPECT_EQ(open.file + "|" + open.parameters + "|" + open.directory, t.Path("Error.log") + "|0|0");
+        EXPECT_EQ(open.show, 1);
     }
 }

@@ -1,10 +1,10 @@
 #include <gtest/gtest.h>
 
 #include "app/enable_controls.h"
-#include "core/status_line.h"
 #include "app/toolbar_commands.h"
-#include "fakes/test_app.h"
 #include "core/runtime_error.h"
+#include "core/status_line.h"
+#include "fakes/test_app.h"
 
 namespace {
 
@@ -35,10 +35,7 @@ TEST(EnableControls, LocksTheCommandsOfTheRunOrTheWholeWindowButNeverExit) {
                                                        Control::ToolHelp, Control::Grid, Control::StatusBar}));
     EnableControls(t.app, true, true);
     EXPECT_TRUE(Disabled(t.main).empty());
-}
-
-TEST(EnableControls, KeepsTheAboutButtonDisabledWhileTheBoxIsShown) {
-    TestApp t;
+    // The about button stays locked while its box is shown.
     t.about.visible = true;
     EnableControls(t.app, true, true);
     EXPECT_EQ(Disabled(t.main), std::vector<Control>{Control::ToolAbout});
@@ -74,29 +71,18 @@ TEST(WindowState, PaintKeepsTheWindowOnTopOrReleasesItWhenMinimised) {
 }
 
 TEST(Toolbar, HelpOpensTheHelpFileMaximisedWithItsButtonDisabledMeanwhile) {
-    // A shell that notes whether the help button was usable during the call.
-    struct NotingShell : Shell {
-        explicit NotingShell(FakeMainView& view) : view(view) {}
-        std::intptr_t Open(const std::string& file, const std::string& parameters, const std::string& directory,
-                           int show) override {
-            opened.push_back(file + "|" + parameters + "|" + directory + "|" + std::to_string(show));
-            helpEnabled.push_back(view.IsEnabled(Control::ToolHelp));
-            return 42;
-        }
-        FakeMainView& view;
-        std::vector<std::string> opened;
-        std::vector<bool> helpEnabled;
-    };
     TestApp t;
-    NotingShell shell(t.main);
-    Platform platform{t.files, t.ini, t.registry, shell, t.input, t.windows, t.clock, t.osInfo};
-    App app{platform, t.views};
-    app.programFolder = "C:\\Prog";
-    ToolbarClick(app, "help");
-    ToolbarClick(app, "h2");
-    std::string expected = "C:\\Prog\\Klickwerk.chm|||3";
-    EXPECT_EQ(shell.opened, (std::vector<std::string>{expected, expected}));
-    EXPECT_EQ(shell.helpEnabled, (std::vector<bool>{false, false}));
+    std::vector<bool> helpEnabled;
+    t.shell.onOpen = [&] { helpEnabled.push_back(t.main.IsEnabled(Control::ToolHelp)); };
+    t.app.programFolder = "C:\\Prog";
+    ToolbarClick(t.app, "help");
+    ToolbarClick(t.app, "h2");
+    ASSERT_EQ(t.shell.calls.size(), 2u);
+    for (const FakeShell::Call& call : t.shell.calls) {
+        EXPECT_EQ(call.file + "|" + call.parameters + "|" + call.directory, "C:\\Prog\\Klickwerk.chm||");
+        EXPECT_EQ(call.show, 3);
+    }
+    EXPECT_EQ(helpEnabled, (std::vector<bool>{false, false}));
     EXPECT_TRUE(t.main.IsEnabled(Control::ToolHelp));
 }
 
@@ -134,13 +120,6 @@ TEST(Toolbar, AFailingSeamIsLoggedAndLeavesItsButtonUsable) {
     EXPECT_TRUE(Disabled(t.main).empty());
 }
 
-TEST(Toolbar, ButtonKeysAndHelpEntriesFindTheirButton) {
-    EXPECT_EQ(ToolbarButtonOf("load")->control, Control::ToolLoad);
-    EXPECT_EQ(ToolbarButtonOf("h1")->control, Control::ToolHelp);
-    EXPECT_EQ(ToolbarButtonOf("h2")->control, Control::ToolHelp);
-    EXPECT_EQ(ToolbarButtonOf("Save"), nullptr);
-}
-
 class StatusLineTest : public ::testing::Test {
 protected:
     StatusLineTest() {
@@ -156,21 +135,10 @@ protected:
     TestApp t;
 };
 
-TEST_F(StatusLineTest, MessagesDisappearAfterTheirDelay) {
-    ShowStatus(t.app, "long", false, true);
-    EXPECT_EQ(After(4999), "long");
-    EXPECT_EQ(After(1), "");
-    ShowStatus(t.app, "short");
-    EXPECT_EQ(After(1999), "short");
-    EXPECT_EQ(After(1), "");
+TEST_F(StatusLineTest, MessagesDisappearAfterTheDelayOfTheNewest) {
     ShowStatus(t.app, "given", false, true, 300);
     EXPECT_EQ(After(299), "given");
     EXPECT_EQ(After(1), "");
-    EXPECT_FALSE(t.main.TimerEnabled(Timer::Blank));
-    EXPECT_TRUE(t.boxes.shown.empty());
-}
-
-TEST_F(StatusLineTest, ANewerMessageRestartsTheDelay) {
     ShowStatus(t.app, "first", false, true);
     EXPECT_EQ(After(4000), "first");
     ShowStatus(t.app, "second");
@@ -181,6 +149,8 @@ TEST_F(StatusLineTest, ANewerMessageRestartsTheDelay) {
     ShowStatus(t.app, "fourth", false, true);
     EXPECT_EQ(After(4999), "fourth");
     EXPECT_EQ(After(1), "");
+    EXPECT_FALSE(t.main.TimerEnabled(Timer::Blank));
+    EXPECT_TRUE(t.boxes.shown.empty());
 }
 
 TEST_F(StatusLineTest, ABoxMessageIsAlsoShownInAnInformationBox) {
