@@ -192,6 +192,11 @@ LRESULT MainWindow::HandleMessage(HWND hwnd, UINT message, WPARAM wParam, LPARAM
         case WM_CLOSE:
             if (CloseAllowed()) DestroyWindow(hwnd);
             return 0;
+        // Logging off or shutting down ends the program without WM_CLOSE;
+        // the script and the settings must still be saved on the way out.
+        case WM_ENDSESSION:
+            if (wParam && CloseAllowed()) DestroyWindow(hwnd);
+            return 0;
         case WM_DESTROY: PostQuitMessage(0); return 0;
     }
     return DefWindowProcA(hwnd, message, wParam, lParam);

@@ -25,5 +25,6 @@ BoxAnswer Answer(int result) {
 
 BoxAnswer MessageBoxesWin::Show(const std::string& text, const std::string& title, BoxStyle style) {
     HWND owner = owner_ && IsWindow(owner_) ? owner_ : nullptr;
+    if (splash_ && IsWindowVisible(splash_)) owner = splash_;
     return Answer(MessageBoxA(owner, text.c_str(), title.c_str(), Flags(style)));
 }

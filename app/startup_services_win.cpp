@@ -15,6 +15,7 @@ constexpr DWORD kMainWindowClasses = ICC_LISTVIEW_CLASSES | ICC_BAR_CLASSES | IC
 
 void StartupServicesWin::ShowSplash(const std::string& title, const std::string& buildText) {
     splash_.Show(title, buildText);
+    boxes_.SetSplash(splash_.Handle());
 }
 
 void StartupServicesWin::HideSplash() { splash_.Hide(); }

@@ -7,7 +7,7 @@
 #include "platform/failure_trace_win.h"
 
 bool StatusBarWin::Create(HWND parent, int id) {
-    bar_ = CreateWindowExA(0, STATUSCLASSNAMEA, "", WS_CHILD | WS_VISIBLE | SBARS_SIZEGRIP | SBARS_TOOLTIPS, 0, 0, 0, 0,
+    bar_ = CreateWindowExA(0, STATUSCLASSNAMEA, "", WS_CHILD | WS_VISIBLE | SBARS_SIZEGRIP, 0, 0, 0, 0,
                            parent, reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), GetModuleHandleA(nullptr),
                            nullptr);
     if (!bar_) {
@@ -16,9 +16,39 @@ bool StatusBarWin::Create(HWND parent, int id) {
     }
     int edges[kPanelCount] = {100, 200, 300, 400, 500, -1};
     SendMessageA(bar_, SB_SETPARTS, kPanelCount, reinterpret_cast<LPARAM>(edges));
-    for (int part = 0; part < kPanelCount; ++part)
-        SendMessageA(bar_, SB_SETTIPTEXTA, part, reinterpret_cast<LPARAM>(kStatusPanels[static_cast<std::size_t>(part)].toolTip));
+    CreateTips(parent);
     return true;
+}
+
+// One tool per panel, each over its panel's rectangle of the bar.
+void StatusBarWin::CreateTips(HWND parent) {
+    tips_ = CreateWindowExA(WS_EX_TOPMOST, TOOLTIPS_CLASSA, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0, 0,
+                            0, 0, parent, nullptr, GetModuleHandleA(nullptr), nullptr);
+    if (!tips_) {
+        ReportLastError("CreateWindowExA");
+        return;
+    }
+    for (int part = 0; part < kPanelCount; ++part) {
+        TTTOOLINFOA tool{};
+        tool.cbSize = sizeof tool;
+        tool.uFlags = TTF_SUBCLASS;
+        tool.hwnd = bar_;
+        tool.uId = static_cast<UINT_PTR>(part);
+        tool.lpszText = const_cast<char*>(kStatusPanels[static_cast<std::size_t>(part)].toolTip);
+        SendMessageA(bar_, SB_GETRECT, part, reinterpret_cast<LPARAM>(&tool.rect));
+        SendMessageA(tips_, TTM_ADDTOOLA, 0, reinterpret_cast<LPARAM>(&tool));
+    }
+}
+
+void StatusBarWin::MoveTips() {
+    for (int part = 0; part < kPanelCount && tips_; ++part) {
+        TTTOOLINFOA tool{};
+        tool.cbSize = sizeof tool;
+        tool.hwnd = bar_;
+        tool.uId = static_cast<UINT_PTR>(part);
+        SendMessageA(bar_, SB_GETRECT, part, reinterpret_cast<LPARAM>(&tool.rect));
+        SendMessageA(tips_, TTM_NEWTOOLRECTA, 0, reinterpret_cast<LPARAM>(&tool));
+    }
 }
 
 void StatusBarWin::SetText(int panel, const std::string& text) {
@@ -29,6 +59,7 @@ int StatusBarWin::Resize(int clientWidth, int dpi) {
     SendMessageA(bar_, WM_SIZE, 0, 0);
     auto edges = StatusPanelEdges(clientWidth, dpi);
     SendMessageA(bar_, SB_SETPARTS, kPanelCount, reinterpret_cast<LPARAM>(edges.data()));
+    MoveTips();
     RECT rect{};
     GetWindowRect(bar_, &rect);
     return rect.bottom - rect.top;

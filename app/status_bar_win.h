@@ -1,6 +1,8 @@
 #pragma once
 // The status bar SB with its six panels: status line, pointer X and Y, stop
-// key, clicks counter, number of steps.
+// key, clicks counter, number of steps. Each panel shows its tip on hover
+// through a tooltip control of its own: the bar's built-in tips appear only
+// for panels whose text is cut off.
 #include <string>
 
 #include "app/main_window_events.h"
@@ -19,5 +21,9 @@ public:
     void SetFont(HFONT font);
 
 private:
+    void CreateTips(HWND parent);
+    void MoveTips();
+
     HWND bar_ = nullptr;
+    HWND tips_ = nullptr;  // owned by the parent, which destroys it
 };

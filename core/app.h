@@ -5,6 +5,8 @@
 #include <array>
 #include <cstdint>
 #include <functional>
+#include <optional>
+#include <random>
 #include <string>
 
 #include "core/about_view.h"
@@ -92,9 +94,11 @@ struct App {
     int guardY = 0;
     // The characters typed with Shift, rebuilt for every keystroke text.
     std::string shiftedCharacters;
-    // Draws r in [0, 1) from a generator seeded with `seed`; empty means the
-    // standard generator. Tests fix r through it.
-    std::function<double(std::uint32_t seed)> drawRandom;
+    // The random values' one generator, seeded from the clock at its first
+    // use, so that the values of one step are independent of each other.
+    std::optional<std::mt19937> random;
+    // Draws r in [0, 1) instead of `random` when set; tests fix r through it.
+    std::function<double()> drawRandom;
     // The user's decimal separator, for the random values' "#.00" texts.
     char decimalSeparator = '.';
     // Clicks cmdRecord; the recorder fills it, the stop-key timer calls it

@@ -14,8 +14,9 @@ std::string WinSettingsFile::Read(const std::string& section, const std::string&
 int WinSettingsFile::Write(const std::string& section, const std::string& key, const std::string& value,
                            const std::string& file) {
     // The profile call rewrites the file in place; let it work on a copy and
-    // put the copy in place afterwards.
-    std::string copy = file + ".new";
+    // put the copy in place afterwards. Named per process, so that two running
+    // copies of the program never write through the same one.
+    std::string copy = file + "." + std::to_string(GetCurrentProcessId()) + ".new";
     if (!CopyFileA(file.c_str(), copy.c_str(), FALSE)) {
         if (GetLastError() != ERROR_FILE_NOT_FOUND) return 0;
         DeleteFileA(copy.c_str());  // a leftover of an interrupted write

@@ -128,6 +128,8 @@ void PlayStep(App& app, int row) {
     do {
         Perform(app, row, cellX, cellY);
         repeatCell.Show(--remaining);
+        // A repetition that never waited must still let the stop key be noticed.
+        app.os.clock.Yield();
     } while (!app.stopRequested && remaining >= 0);
 }
 

@@ -1,5 +1,6 @@
 #include "playback/pointer_actions.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <cstdlib>
@@ -31,7 +32,8 @@ const std::array<std::vector<std::uint32_t>, 9> kClickFlags{{
     {kRightClick}, {kRightClick, kRightClick}, {win::kMouseRightDown}, {win::kMouseRightUp},
 }};
 
-int Sign(int value) { return (value > 0) - (value < 0); }
+// One pass's move along an axis: two pixels' worth, never past the target.
+int StepTowards(int distance, int twoPixels) { return std::clamp(distance, -twoPixels, twoPixels); }
 
 struct Scale {
     double width;
@@ -50,7 +52,7 @@ void SScroll(App& app, int x, int y) {
         int ux = CLng(kAbsoluteScale / scale.width), uy = CLng(kAbsoluteScale / scale.height);
         Point previous{-1, -1};
         int unmoved = 0;
-        for (bool last = false; !last;) {
+        for (bool last = false; !last && !app.stopRequested;) {
             Point pointer = input.GetCursorPos();
             unmoved = pointer == previous ? unmoved + 1 : 0;
             if (unmoved == kStuckPasses) return;
@@ -58,8 +60,8 @@ void SScroll(App& app, int x, int y) {
             int cx = scale.ToX(pointer.x), cy = scale.ToY(pointer.y);
             int dx = tx - cx, dy = ty - cy;
             last = std::abs(dx) < 2 * ux && std::abs(dy) < 2 * uy;
-            int nx = last ? tx : cx + Sign(dx) * 2 * ux;
-            int ny = last ? ty : cy + Sign(dy) * 2 * uy;
+            int nx = last ? tx : cx + StepTowards(dx, 2 * ux);
+            int ny = last ? ty : cy + StepTowards(dy, 2 * uy);
             app.os.clock.Yield();
             input.MouseEvent(kAbsoluteMove, nx, ny);
             app.os.clock.Yield();

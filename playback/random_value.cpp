@@ -6,21 +6,24 @@
 
 #include "core/app.h"
 #include "core/basic_text.h"
+#include "core/runtime_error.h"
 #include "core/status_line.h"
 
 namespace {
 
 constexpr int kMostDecimals = 100;
 
-double StandardDraw(std::uint32_t seed) {
-    std::mt19937 generator(seed);
-    return std::uniform_real_distribution<double>(0.0, 1.0)(generator);
+double DrawR(App& app) {
+    if (app.drawRandom) return app.drawRandom();
+    if (!app.random) app.random.emplace(app.os.clock.TickCount());
+    return std::uniform_real_distribution<double>(0.0, 1.0)(*app.random);
 }
 
-// Re-seeded from the clock on every evaluation.
-double DrawR(App& app) {
-    std::uint32_t seed = app.os.clock.TickCount();
-    return app.drawRandom ? app.drawRandom(seed) : StandardDraw(seed);
+// The rounding field's integer part, clamped while it is still a double.
+int DecimalsOf(const std::string& field) {
+    double decimals = IntPart(Val(field));
+    if (!(decimals > 0)) return 0;
+    return decimals < kMostDecimals ? static_cast<int>(decimals) : kMostDecimals;
 }
 
 // The three fields between "rnd(" and ")", blanks trimmed, empty ones "0".
@@ -66,10 +69,9 @@ std::string RndEval(App& app, const std::string& text, int stepNumber) {
         return "0";
     }
     double value = Val(fields[0]) + Val(fields[1]) * DrawR(app);
-    if (fields[2] != "0") {
-        int decimals = std::clamp(static_cast<int>(IntPart(Val(fields[2]))), 0, kMostDecimals);
-        return PatternText(value, decimals, app.decimalSeparator);
-    }
+    // As a plain number too large for a cell does.
+    if (!std::isfinite(value)) RaiseOverflow();
+    if (fields[2] != "0") return PatternText(value, DecimalsOf(fields[2]), app.decimalSeparator);
     return NumberText(IntPart(value));
 }
 

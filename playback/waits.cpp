@@ -78,7 +78,8 @@ std::string RemainingText(long seconds) {
 
 void Pause(App& app, double seconds) {
     Trapped(app, "Pause", [&] {
-        if (seconds == 0) return;
+        // Below zero (or not a number) is no wait, however far below.
+        if (!(seconds > 0)) return;
         bool polling = app.osName == kWindows95Name;
         if (seconds <= 1) {
             ShortWait(app, seconds, polling);

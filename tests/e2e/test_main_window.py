@@ -1,6 +1,7 @@
 """The main window as the user meets it: how it looks at 96 and at 144 dots
-per inch, the about box sliding over the grid, and a run that locks the
-window, which stays on top until it is minimised and closes with "Exit"."""
+per inch, the about box sliding over the grid, the status panels' tips, and
+a run that locks the window, which stays on top until it is minimised and
+closes with "Exit"."""
 import subprocess
 
 from harness import BUTTONS, WineTestCase, file_bytes, script_bytes, script_lines, step
@@ -9,6 +10,9 @@ from wine_session import TIMEOUT_SCALE, WinePrefix, wait_until
 # The window starts 6855 twips wide, which the minimum width raises to 6870.
 START_SIZE = (6870, 6610)
 ABOUT_BACKGROUND = (222, 223, 231)
+PANEL_TIPS = ["Information (general, warnings, errors, etc.)", "X-Coordinate", "Y-Coordinate",
+              "Current StopKey.  Click here to change.", "Total clicks counter.  Click here to reset.",
+              "Total number of steps.  Click here to change."]
 
 
 def picture(path, rect, out_format):
@@ -84,6 +88,16 @@ class MainWindowTest(WineTestCase):
         self.press("OK")
         wait_until(lambda: not self.control("KlickwerkAboutFrame")["visible"], 20, "the about box to slide out")
         self.assert_no_errors_logged()
+
+    def test_every_status_panel_shows_its_tip_on_hover_whatever_its_text(self):
+        self.open_program()
+
+        def shown_tips():
+            return [window["text"] for window in self.driver("windows") if window["pid"] == self.main["pid"]
+                    and window["class"] == "tooltips_class32" and window["visible"]]
+        for (left, top, right, bottom), tip in zip(self.driver("status", self.main["target"])["rects"], PANEL_TIPS):
+            self.move_pointer((left + right) // 2, (top + bottom) // 2)
+            wait_until(shown_tips, 10, f"the tip {tip!r}", accept=lambda tips, tip=tip: tips == [tip])
 
     def test_a_run_locks_the_window_on_top_until_minimised_and_exit_still_closes_it(self):
         lines = script_lines([step(mins=1)])  # a step that waits a minute

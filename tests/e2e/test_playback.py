@@ -80,7 +80,8 @@ def glide(probe, at):
     return {"end": way[-1],
             "outside the span": [(x, y) for x, y in way if not (start[0] <= x <= end[0] and start[1] <= y <= end[1])],
             "glided through at least three points": len(set(way) - {start, target}) >= 3,
-            "along the target's row at the end": any(y == end[1] and x < end[0] - 100 for x, y in way)}
+            # Within the pixel an absolute move's coordinates round to.
+            "along the target's row at the end": any(abs(y - end[1]) <= 1 and x < end[0] - 100 for x, y in way)}
 
 
 def window_changes(probe, at):
@@ -103,11 +104,13 @@ def client_origin(at, x, y):
     return x - PROBE_RECT[0] + at.x, y - PROBE_RECT[1] + at.y
 
 
-def outside_span(probe, at):
-    """How many presses the random positions made, and those outside their span."""
-    presses = [(x, y) for kind, x, y in probe.clicks() if kind in ("ldown", "ldblclk")]
-    return len(presses), [(x, y) for x, y in presses
-                          if not (at.x + 100 <= x < at.x + 180 and at.y + 60 <= y < at.y + 100)]
+def random_presses(probe, at):
+    """How many presses the random positions made, those outside their span,
+    and whether X and Y were drawn apart: with one random fraction for both,
+    every press would lie on the span's diagonal."""
+    presses = [(x - at.x - 100, y - at.y - 60) for kind, x, y in probe.clicks() if kind in ("ldown", "ldblclk")]
+    return (len(presses), [(x, y) for x, y in presses if not (0 <= x < 80 and 0 <= y < 40)],
+            sum(abs(y - x / 2) > 2 for x, y in presses) >= 5)
 
 
 class Scenario(NamedTuple):
@@ -132,9 +135,9 @@ SCENARIOS = {
         lambda probe, at: probe.clicks(),
         lambda at: [(kind, at.x + x, at.y + 150) for kind, x in (("ldown", 300), ("lup", 300), ("rdown", 500),
                                                                   ("rup", 500))]),
-    "random positions stay inside their span": Scenario(
+    "random positions spread over their whole span and never leave it": Scenario(
         lambda at: [step(f"RND({at.x + 100}, 80, 0)", f"rnd({at.y + 60},40,0)", "Left Click", secs=SETTLE)] * 20,
-        outside_span, lambda at: (20, [])),
+        random_presses, lambda at: (20, [], True)),
     "the smooth move glides to the target and ends exactly on it": Scenario(
         lambda at: [step(secs=SETTLE), step(*target(at), secs=1)], glide,
         lambda at: {"end": target(at), "outside the span": [],
@@ -202,6 +205,24 @@ class PlaybackTest(WineTestCase):
         self.assertTrue(all(self.enabled().values()), "the window unlocked")
         self.close_klickwerk()
         self.assertEqual("1", self.setting("GRepeat"), "the repeat toggle as the user left it")
+        self.assert_no_errors_logged()
+
+    def test_the_stop_key_ends_a_step_repeated_without_any_wait(self):
+        probe, at = self.open_probe(PROBE)
+        self.open_program(script_lines([step(*rest(at), "Left Click", repeat=1000000)]))
+        self.start_run()
+        wait_until(lambda: len(probe.clicks()) >= 20, 30, "the repetitions under way")
+        self.hold_key("Escape", lambda: not self.running(), "the stop key to end the run")
+        self.assertLess(len(probe.clicks()), 100000)
+        self.assert_no_errors_logged()
+
+    def test_a_smooth_move_beyond_the_screen_edge_ends_where_the_pointer_stops(self):
+        # An odd distance on the free axis once made the pointer swing about its target forever.
+        self.open_program(script_lines([step(1, 3000), step(keys="")]), SmoothPointer=1)
+        self.move_pointer(640, 500)
+        self.press("Start")
+        self.wait_for_steps(2)
+        self.assertTrue(self.xdotool("getmouselocation").startswith("x:1 y:1023 "))
         self.assert_no_errors_logged()
 
     def test_the_stop_key_panel_changes_the_key_that_then_ends_a_run(self):

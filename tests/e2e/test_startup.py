@@ -8,6 +8,7 @@ from harness import APP_TITLE, SETTLED, WineTestCase, file_bytes, script_bytes, 
 from wine_session import WINE, wait_until
 
 PROBE = "Probe Start"
+SPLASH = "KlickwerkSplash"
 # Gives the probe the keyboard as a script of the user's own would.
 FOCUS_PROBE = step(keys=f"%winfoc {PROBE}")
 
@@ -21,7 +22,8 @@ class StartupTest(WineTestCase):
                 (f"This is your first time running {APP_TITLE}.  Would you like to load 'FirstRun' example script?",
                  ["Yes", "No"], "No")):
             box = self.wait_for_msgbox(text)
-            self.assertEqual((APP_TITLE, buttons), (box["title"], box["buttons"]))
+            # Owned by the topmost splash, so never hidden behind it.
+            self.assertEqual((APP_TITLE, buttons, SPLASH), (box["title"], box["buttons"], box["owner"]))
             self.answer(answer)
 
         self.wait_for_main_window()
@@ -76,7 +78,8 @@ class StartupTest(WineTestCase):
     def test_missing_script_is_reported_with_the_path_as_typed_and_the_grid_stays_empty(self):
         self.make_program_folder(SETTLED)
         self.klickwerk = self.start_klickwerk(r"Scripts\absent.kwf", "/nostart", "/norep")
-        self.wait_for_msgbox(r"Failed to load Scripts\absent.kwf script file.  Script does not exist/corrupted.")
+        box = self.wait_for_msgbox(r"Failed to load Scripts\absent.kwf script file.  Script does not exist/corrupted.")
+        self.assertEqual(SPLASH, box["owner"])
         self.answer("OK")
         self.wait_for_main_window()
         self.assertEqual([], self.grid())
@@ -114,3 +117,19 @@ class StartupTest(WineTestCase):
         self.wait_for_exit(self.klickwerk)
         self.driver("close", "Error.log - Notepad", wait=20)
         self.assertEqual(old_line * 2, file_bytes(self.folder / "Error.log"), "the log is only ever appended to")
+
+    def test_logging_off_runs_the_close_steps(self):
+        self.open_program(script_lines([step(keys="a")]))
+        self.press("Repeat")  # kept in memory until the program closes
+        self.assertEqual({"agreed": True}, self.driver("endsession", self.main["target"]))
+        self.wait_for_exit(self.klickwerk)
+        self.assertEqual("1", self.setting("GRepeat"))
+        self.assert_no_errors_logged()
+
+    def test_settings_are_saved_beside_another_copys_temporary_settings_file(self):
+        self.open_program()
+        # Another running copy's temporary file, as it is while that copy writes.
+        (self.folder / "Settings.ini.new").mkdir()
+        self.press("Repeat")
+        self.close_klickwerk()
+        self.assertEqual("1", self.setting("GRepeat"))

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -119,7 +120,7 @@ TEST_F(Playback, RepeatTwoPerformsThreeTimesCountingDownAndRestoresTheCell) {
 }
 
 TEST_F(Playback, RandomCellsAreEvaluatedAndTheExpressionKept) {
-    app.drawRandom = [](std::uint32_t) { return 0.5; };
+    app.drawRandom = [] { return 0.5; };
     AddStep("RND(100,100,0)", "rnd(0,400,0)", "Left Click", "", "0", "RND(0,1,2)", "RND(1,0,0)");
     StartButton(app);
     EXPECT_EQ(EventsOf(InputEvent::SetPos).front(), (InputEvent{InputEvent::SetPos, 0, 0, 150, 200}));
@@ -189,6 +190,15 @@ TEST_F(Playback, StopKeyEndsATenMinuteWait) {
     EXPECT_GE(t.clock.nowMs, 5000);
     EXPECT_LE(t.clock.nowMs, 5020);
     EXPECT_EQ(MouseEvents().size(), 1u);
+    EXPECT_TRUE(Idle());
+}
+
+TEST_F(Playback, StopKeyEndsAStepRepeatedWithoutAnyWait) {
+    t.clock.yieldCostMs = 1;
+    AddStep("10", "20", "Left Click", "", "0", "0", "1000000");
+    PressKeyAt(kEscape, 100);
+    StartButton(app);
+    EXPECT_LT(MouseEvents().size(), 200u);
     EXPECT_TRUE(Idle());
 }
 
@@ -295,6 +305,31 @@ TEST_F(SmoothMove, APointerReportedLateStillGlidesAllTheWay) {
 TEST_F(SmoothMove, ATargetOffTheScreenEndsAtTheEdge) {
     SScroll(app, 5000, 5000);
     EXPECT_EQ(t.input.cursor, (Point{1279, 1023}));
+}
+
+TEST_F(SmoothMove, NeverPassesItsTargetAndEndsWhereThePointerStops) {
+    // Beyond the screen's edge on one axis and an odd distance on the other
+    // once made the pointer swing about its target for ever.
+    t.input.cursor = {640, 500};
+    std::vector<int> xs;
+    t.input.onEvent = [&](const InputEvent& event) {
+        if (event.kind != InputEvent::Mouse) return;
+        xs.push_back(t.input.cursor.x);
+        if (xs.size() > 100000) throw std::runtime_error("the move never ends");
+    };
+    SScroll(app, 1, 3000);
+    ASSERT_LT(xs.size(), 1000u);
+    for (int x : xs) EXPECT_GE(x, 1);
+    EXPECT_EQ(t.input.cursor, (Point{1, 1023}));
+}
+
+TEST_F(SmoothMove, EndsAtTheStopRequest) {
+    int moves = 0;
+    t.input.onEvent = [&](const InputEvent& event) {
+        if (event.kind == InputEvent::Mouse && ++moves == 10) app.stopRequested = true;
+    };
+    SScroll(app, 1000, 900);
+    EXPECT_EQ(moves, 10);
 }
 
 TEST_F(SmoothMove, PlaybackSwitchesThePointerGuardOffDuringTheMove) {

@@ -1,9 +1,11 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "fakes/test_app.h"
+#include "core/runtime_error.h"
 #include "playback/random_value.h"
 
 namespace {
@@ -11,14 +13,14 @@ namespace {
 class RandomValues : public ::testing::Test {
 protected:
     RandomValues() {
-        t.app.drawRandom = [this](std::uint32_t seed) {
-            seeds.push_back(seed);
+        t.app.drawRandom = [this] {
+            ++draws;
             return r;
         };
     }
     TestApp t;
     double r = 0;
-    std::vector<std::uint32_t> seeds;
+    int draws = 0;
 };
 
 TEST(IsRnd, NeedsTheOpeningAndTheClosingParenthesis) {
@@ -57,7 +59,7 @@ TEST_F(RandomValues, ANonExpressionGivesZeroSilentlyAndAWrongFieldCountWithAMess
     EXPECT_EQ(RndEval(t.app, "12", 1), "0");
     EXPECT_EQ(RndEval(t.app, "rnd(1,2", 1), "0");
     EXPECT_EQ(t.main.panels[1], "");
-    EXPECT_TRUE(seeds.empty());
+    EXPECT_EQ(draws, 0);
     r = 0.5;
     for (const char* text : {"rnd(1,2)", "RND(1,2,3,4)", "rnd()"}) {
         EXPECT_EQ(RndEval(t.app, text, 4), "0") << text;
@@ -65,12 +67,34 @@ TEST_F(RandomValues, ANonExpressionGivesZeroSilentlyAndAWrongFieldCountWithAMess
     }
 }
 
-TEST_F(RandomValues, EveryEvaluationReseedsFromTheClock) {
-    t.clock.nowMs = 1234;
-    RndEval(t.app, "rnd(1,2,0)", 1);
-    t.clock.nowMs = 5678;
-    RndEval(t.app, "rnd(1,2,0)", 1);
-    EXPECT_EQ(seeds, (std::vector<std::uint32_t>{1234, 5678}));
+TEST_F(RandomValues, AnInfiniteValueIsAnOverflowAndTheRoundingFieldIsClampedBeforeItIsAnInteger) {
+    r = 0.5;
+    for (const char* text : {"rnd(2e2221,,3)", "RND(1e309,0,1)", "rnd(1.5e308,1e308,0)"}) {
+        try {
+            RndEval(t.app, text, 1);
+            ADD_FAILURE() << text;
+        } catch (const RuntimeError& error) {
+            EXPECT_EQ(error.number, errors::kOverflow) << text;
+        }
+    }
+    EXPECT_EQ(RndEval(t.app, "RND(,,7d66)", 1), "." + std::string(100, '0'));
+    EXPECT_EQ(RndEval(t.app, "RND(5,0,3000000000)", 1), "5." + std::string(100, '0'));
+    EXPECT_EQ(RndEval(t.app, "RND(5,0,-3000000000)", 1), "5.");
+}
+
+// Values drawn one after the other, as X and Y of one step are, differ;
+// the generator is seeded from the clock once.
+TEST(RandomDraw, OneGeneratorSeededFromTheClockDrawsIndependentValues) {
+    auto draws = [](std::uint32_t tick) {
+        TestApp t;
+        t.clock.nowMs = tick;
+        std::string first = RndEval(t.app, "rnd(0,1000000,0)", 1);
+        return std::pair(first, RndEval(t.app, "rnd(0,1000000,0)", 1));
+    };
+    auto [x, y] = draws(1234);
+    EXPECT_NE(x, y);
+    EXPECT_EQ(draws(1234), std::pair(x, y));
+    EXPECT_NE(draws(5678).first, x);
 }
 
 TEST_F(RandomValues, TheLocaleSeparatorIsWrittenAndReadBack) {

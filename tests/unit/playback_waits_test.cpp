@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <string>
 #include <vector>
 
@@ -22,6 +23,12 @@ TEST_F(Waits, ShortPauseShowsLessThanOneSecondAndAZeroPauseNothing) {
     EXPECT_EQ(t.clock.waitedSeconds, std::vector<double>{0.5});
     EXPECT_EQ(t.clock.nowMs, 500);
     EXPECT_EQ(t.main.statusTexts, std::vector<std::string>{"Remaining until next step: <1 second"});
+}
+
+TEST_F(Waits, AWaitBelowZeroIsNoWaitHoweverFarBelow) {
+    for (double seconds : {-0.5, -1e300 * 60, -HUGE_VAL, std::nan("")}) Pause(app, seconds);
+    EXPECT_EQ(t.clock.waits, 0);
+    EXPECT_EQ(t.clock.nowMs, 0);
 }
 
 TEST_F(Waits, CountdownOffShowsNothing) {

@@ -15,11 +15,14 @@
 //     redraw <target>            repaints the window and all its children now
 //     foreground <target>        makes the window the foreground window
 //     close <target>             posts WM_CLOSE
+//     endsession <target>        what logging off sends: WM_QUERYENDSESSION,
+//                                then WM_ENDSESSION when the window agreed
 //     presskey <target> <vk> <button>  holds the virtual key down until the
 //                                push button is enabled; prints the time
 //     startup <exe>              how a running program was told to show its
 //                                window: STARTUPINFO's flags and show command
-//     msgbox [--pid <pid>]       the first visible message box or dialog
+//     msgbox [--pid <pid>]       the first visible message box or dialog,
+//                                with its owner's window class
 //     answer <button> [--pid <pid>]  presses a message-box button by its text
 //
 // A target is an exact window title or "hwnd=<decimal handle>" (as "windows"
@@ -302,6 +305,13 @@ Result PostClose(HWND window, const Args&) {
     return {kOk, Object({{"closed", Number(reinterpret_cast<INT_PTR>(window))}})};
 }
 
+Result EndSession(HWND window, const Args&) {
+    DWORD_PTR agreed = 0;
+    SendMessageTimeoutA(window, WM_QUERYENDSESSION, 0, ENDSESSION_LOGOFF, SMTO_BLOCK, 10000, &agreed);
+    if (agreed) SendMessageTimeoutA(window, WM_ENDSESSION, TRUE, ENDSESSION_LOGOFF, SMTO_BLOCK, 10000, nullptr);
+    return {kOk, Object({{"agreed", Flag(agreed != 0)}})};
+}
+
 // Presses the key as a keyboard does (keybd_event also sets the asynchronous
 // state that polling programs read). The key must find the button disabled (a
 // run in progress) and end with it enabled again: the time between is how
@@ -415,6 +425,7 @@ Result ShowMessageBox(const Args& args) {
     }
     return {kOk, Object({{"hwnd", Number(reinterpret_cast<INT_PTR>(dialog))}, {"pid", Number(processId)},
                          {"title", Text(WindowText(dialog))}, {"text", Text(DialogText(dialog))},
+                         {"owner", Text(ClassOf(GetWindow(dialog, GW_OWNER)))},
                          {"buttons", List(buttons)}})};
 }
 
@@ -443,7 +454,7 @@ Result Run(const Args& args) {
         {"window", ShowWindowState}, {"controls", ListControls}, {"grid", ShowGrid},
         {"status", ShowStatusBar}, {"toolbar", ShowToolbar}, {"toolclick", ClickToolbarButton},
         {"click", ClickButton}, {"select", SelectRows}, {"syscommand", PostSysCommand},
-        {"redraw", Redraw}, {"foreground", BringToFront}, {"close", PostClose},
+        {"redraw", Redraw}, {"foreground", BringToFront}, {"close", PostClose}, {"endsession", EndSession},
         {"presskey", PressKeyUntilEnabled},
     };
     if (args[0] == "windows") return ListWindows(args);
