@@ -1,6 +1,6 @@
 #pragma once
 // Text and number conversions with the classic BASIC meanings that grid cells
-// and settings assume. Every Part of the program converts through these.
+// and settings assume. All of the program converts through these.
 #include <cstdint>
 #include <string>
 #include <string_view>

@@ -1,6 +1,6 @@
 #pragma once
 // The settings file "\Settings.ini", section "MAIN": one table of its keys
-// with their forms and first-run values, and the access every part uses.
+// with their forms and first-run values, and the access the whole program uses.
 #include <cstdint>
 #include <span>
 #include <string>
