@@ -14,7 +14,10 @@ bool OnTop(const App& app) { return app.settings.onTop == 1; }
 }  // namespace
 
 void EnableControls(App& app, bool enabled, bool all) {
-    for (Control control : kAlwaysSwitched) app.ui.main.SetEnabled(control, enabled);
+    for (Control control : kAlwaysSwitched) {
+        // Without the hook library there is nothing to record with.
+        app.ui.main.SetEnabled(control, enabled && (control != Control::Record || app.hookLibraryLoaded));
+    }
     if (!all) return;
     for (Control control : kSwitchedWithAll) {
         // The about box keeps its button disabled until it is hidden again.

@@ -396,3 +396,22 @@ void MainWindow::FillDropDown(DropDown list, const std::vector<std::string>& ent
     LRESULT index = SendMessageA(combo, CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(shown.c_str()));
     SendMessageA(combo, CB_SETCURSEL, index == CB_ERR ? static_cast<WPARAM>(-1) : static_cast<WPARAM>(index), 0);
 }
+
+WindowHandle MainWindow::ReceiverHandle() const { return reinterpret_cast<WindowHandle>(receiver_.Handle()); }
+
+void MainWindow::SetGridMultiSelect(bool multiple) { grid_.SetMultiSelect(multiple); }
+
+// mnuRecMain, popped up under cmdRecOptions.
+int MainWindow::ChooseRecordMode(bool fromSelected) {
+    enum : UINT { kFromBeginning = 1, kFromSelected = 2 };
+    HMENU menu = CreatePopupMenu();
+    AppendMenuA(menu, MF_STRING | (fromSelected ? 0 : MF_CHECKED), kFromBeginning, "Record from the beginning");
+    AppendMenuA(menu, MF_STRING | (fromSelected ? MF_CHECKED : 0), kFromSelected, "Record from the selected step");
+    RECT button{};
+    GetWindowRect(ControlWindow(Control::RecOptions), &button);
+    UINT chosen = static_cast<UINT>(
+        TrackPopupMenu(menu, TPM_RETURNCMD | TPM_NONOTIFY | TPM_LEFTALIGN | TPM_TOPALIGN, button.left, button.bottom,
+                       0, hwnd_, nullptr));
+    DestroyMenu(menu);
+    return chosen == kFromSelected ? 1 : chosen == kFromBeginning ? 0 : -1;
+}

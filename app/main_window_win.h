@@ -72,6 +72,9 @@ public:
     void SetTopmost(bool topmost) override;
     void Show() override;
     void FillDropDown(DropDown list, const std::vector<std::string>& entries, const std::string& shown) override;
+    WindowHandle ReceiverHandle() const override;
+    void SetGridMultiSelect(bool multiple) override;
+    int ChooseRecordMode(bool fromSelected) override;
 
     LRESULT HandleMessage(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam);
 

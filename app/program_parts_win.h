@@ -8,6 +8,7 @@
 #include "app/message_boxes_win.h"
 #include "app/step_list_win.h"
 #include "core/app.h"
+#include "platform/hook_library_win.h"
 #include "platform/platform_win.h"
 #include "script/step_grid.h"
 
@@ -20,7 +21,8 @@ struct WinSystem {
     WinWindows windows;
     WinClock clock;
     WinOsInfo osInfo;
-    Platform platform{files, ini, registry, shell, input, windows, clock, osInfo};
+    WinHookLibrary hooks;
+    Platform platform{files, ini, registry, shell, input, windows, clock, osInfo, hooks};
 };
 
 struct WinViews {

@@ -6,6 +6,7 @@
 
 #include "app/main_timers.h"
 #include "platform/message_pump_win.h"
+#include "recorder/input_hook.h"
 
 namespace {
 // The window classes the main window is made of. Start-up initialises every
@@ -46,8 +47,8 @@ void StartupServicesWin::StartPlayback() {
     main_.Click(Control::Start);
 }
 
-void StartupServicesWin::LoadHookLibrary() {}
+void StartupServicesWin::LoadHookLibrary() { ::LoadHookLibrary(app_); }
 
-void StartupServicesWin::ReleaseHooks() {}
+void StartupServicesWin::ReleaseHooks() { ReleaseHookLibrary(app_); }
 
 void StartupServicesWin::UnloadWindows() { splash_.Close(); }

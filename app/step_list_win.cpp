@@ -115,6 +115,11 @@ void StepListWin::Move(const PixelRect& rect) {
     MoveWindow(list_, rect.left, rect.top, rect.width, rect.height, TRUE);
 }
 
+void StepListWin::SetMultiSelect(bool multiple) {
+    LONG_PTR style = GetWindowLongPtrA(list_, GWL_STYLE);
+    SetWindowLongPtrA(list_, GWL_STYLE, multiple ? style & ~LVS_SINGLESEL : style | LVS_SINGLESEL);
+}
+
 void StepListWin::SetFont(HFONT font) { SendMessageA(list_, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE); }
 
 void StepListWin::OnDpiChanged(int dpi) {

@@ -28,6 +28,8 @@ public:
     HWND Handle() const { return list_; }
     void Move(const PixelRect& rect);
     void SetFont(HFONT font);
+    // Off: one row at a time can be selected (LVS_SINGLESEL).
+    void SetMultiSelect(bool multiple);
     // Keeps the columns the same size in twips at the new DPI.
     void OnDpiChanged(int dpi);
     // The list view's notifications, which its parent receives.

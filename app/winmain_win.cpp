@@ -5,6 +5,7 @@
 #include "app/main_timers.h"
 #include "app/main_window_events.h"
 #include "app/program_parts_win.h"
+#include "app/recorded_input_win.h"
 #include "app/startup.h"
 #include "app/startup_services_win.h"
 #include "app/stop_key_panel.h"
@@ -15,6 +16,7 @@
 #include "platform/message_pump_win.h"
 #include "playback/playback_loop.h"
 #include "playback/run_controls.h"
+#include "recorder/recording.h"
 
 namespace {
 
@@ -33,7 +35,8 @@ struct Program {
             case Control::Start: StartButton(app); break;
             case Control::Stop: StopButton(app); break;
             case Control::Repeat: PressRepeatToggle(app); break;
-            case Control::Record: RunSeam(app.clickRecord); break;
+            case Control::Record: RecordButton(app); break;
+            case Control::RecOptions: RecordOptionsButton(app); break;
             case Control::Help: ToolbarClick(app, "h2"); break;
             default: break;
         }
@@ -63,6 +66,11 @@ struct Program {
         main.handlers.panelClick = [this](int panel) { StatusPanelClick(app, panel); };
         WireStopKeyPanel();
         main.Toolbar().onClick = [this](const std::string& key) { ToolbarClick(app, key); };
+        main.Receiver().onInput = [this](UINT message, WPARAM wParam, LPARAM lParam) {
+            return DeliverRecordedInput(app, message, wParam, lParam);
+        };
+        app.clickRecord = [this] { RecordButton(app); };
+        app.seams.saveScript = [this] { ToolbarClick(app, "save"); };
         about.onLink = [this](AboutLink link) { OpenAboutLink(app, link); };
         about.onHide = [this] { HideAbout(app); };
         app.seams.closeMainWindow = [this] { SendMessageA(main.Handle(), WM_CLOSE, 0, 0); };

@@ -38,7 +38,10 @@ add_custom_command(
 add_custom_target(layer_check DEPENDS ${KW_LAYER_STAMP})
 
 set(KW_LAYER_LIBRARIES)
-foreach(folder ${KW_LAYERS})
+# InHook.dll is built on its own (cmake/hook_library.cmake).
+set(KW_LIBRARY_LAYERS ${KW_LAYERS})
+list(REMOVE_ITEM KW_LIBRARY_LAYERS hooklib)
+foreach(folder ${KW_LIBRARY_LAYERS})
   file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/${folder}/*.cpp)
   if(NOT WIN32)
     list(FILTER sources EXCLUDE REGEX "_win\\.cpp$")

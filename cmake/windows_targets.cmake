@@ -39,6 +39,7 @@ target_link_options(Klickwerk PRIVATE ${KW_STATIC_RUNTIME})
 
 # End-to-end fixtures: the probe that logs the input it receives, and the
 # test driver that reads the program's controls from outside.
+include(${CMAKE_SOURCE_DIR}/cmake/hook_library.cmake)
 include(${CMAKE_SOURCE_DIR}/tests/e2e/fixtures.cmake OPTIONAL)
 include(${CMAKE_SOURCE_DIR}/cmake/help.cmake)
 include(${CMAKE_SOURCE_DIR}/cmake/package.cmake)

@@ -17,6 +17,7 @@
 #include "core/vocabulary.h"
 #include "platform/clock.h"
 #include "platform/files.h"
+#include "platform/hook_library.h"
 #include "platform/input_device.h"
 #include "platform/os_info.h"
 #include "platform/registry.h"
@@ -36,6 +37,7 @@ struct Platform {
     WindowSystem& windows;
     Clock& clock;
     OsInfo& os;
+    HookLibrary& hooks;
 };
 
 struct Views {
@@ -60,6 +62,23 @@ struct SettingValues {
     int enter4Step = 0;
     int mouseSaver = 0;
     bool recordIntoSelected = false;  // mnuRecSelected marked, else mnuRecBeginning
+};
+
+// What a recording keeps between the receiver's events.
+struct RecorderState {
+    // Position and button of the last accepted press (1 left, 2 right).
+    std::int16_t downX = 0;
+    std::int16_t downY = 0;
+    std::int16_t downButton = 0;
+    bool buttonHeld = false;
+    // A double click was recorded; the release and the click after it are dropped.
+    bool dblClickSeen = false;
+    // Tick count when the recording began or the last step was closed; 0 when idle.
+    double lastStepTime = 0;
+    // The key pressed and not yet released; 0 after a release, -1 when a new step has just begun.
+    int lastKeyDown = 0;
+    HookHandle mouseHook = 0;
+    HookHandle keyHook = 0;
 };
 
 struct App {
@@ -104,6 +123,9 @@ struct App {
     // Clicks cmdRecord; the recorder fills it, the stop-key timer calls it
     // while a recording runs.
     std::function<void()> clickRecord;
+    RecorderState recorder;
+    // "InHook.dll" was loaded at start-up; without it the record button stays disabled.
+    bool hookLibraryLoaded = false;
     // Main-window commands answered by other parts (settings panel, hints, close).
     CommandSeams seams;
 };

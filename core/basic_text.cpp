@@ -121,6 +121,12 @@ std::string Lower(std::string_view text) {
     return result;
 }
 
+std::string Upper(std::string_view text) {
+    std::string result(text);
+    for (char& c : result) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+    return result;
+}
+
 std::vector<std::string> Split(std::string_view text, std::string_view separator) {
     std::vector<std::string> parts;
     if (separator.empty()) return {std::string(text)};

@@ -30,6 +30,7 @@ std::string FixedText(double value, int decimals);
 
 std::string Trim(std::string_view text);
 std::string Lower(std::string_view text);
+std::string Upper(std::string_view text);
 std::vector<std::string> Split(std::string_view text, std::string_view separator);
 std::string Join(const std::vector<std::string>& parts, std::string_view separator);
 std::string ReplaceAll(std::string_view text, std::string_view what, std::string_view with);

@@ -10,6 +10,8 @@ struct CommandSeams {
     std::function<void()> hideSettingsPanel;
     // Makes the hint frame fraDYK visible with a hint.
     std::function<void()> showHint;
+    // The toolbar's "save" command.
+    std::function<void()> saveScript;
     // Unloads the main window, which runs its close sequence.
     std::function<void()> closeMainWindow;
     // The settings panel's commands reached from the status bar:

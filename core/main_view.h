@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/window_system.h"
+
 enum class Control {
     ToolSave, ToolLoad, ToolSettings, ToolAbout, ToolHelp, ToolExit,
     Start, Stop, Repeat, Record, RecOptions, Help, Grid, StatusBar,
@@ -47,4 +49,12 @@ public:
     // Replaces the entries of a drop-down list and shows `shown` as its text.
     virtual void FillDropDown(DropDown list, const std::vector<std::string>& entries,
                               const std::string& shown) = 0;
+    // The hidden receiver IHRec, to which the hook library posts its events.
+    virtual WindowHandle ReceiverHandle() const = 0;
+    // lstMain's MultiSelect: off while a recording runs.
+    virtual void SetGridMultiSelect(bool multiple) = 0;
+    // Pops mnuRecMain up under cmdRecOptions with the check mark on
+    // mnuRecSelected or mnuRecBeginning; returns the entry chosen: 1
+    // mnuRecSelected, 0 mnuRecBeginning, -1 none.
+    virtual int ChooseRecordMode(bool fromSelected) = 0;
 };

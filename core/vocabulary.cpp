@@ -29,12 +29,18 @@ constexpr int kStopKeyChoiceCount = 9;  // "F1" to "F9" after "ESCAPE"
 struct LetterKey {
     char letter;
     std::uint8_t key;
+    // The key's name in the editor's reference and the press/release check;
+    // Caps Lock needs no release and has none.
+    const char* name;
 };
 
 // Every command letter but "f" with the virtual key it presses.
 constexpr LetterKey kCommandLetters[] = {
-    {'a', 18}, {'c', 17}, {'e', 27}, {'r', 13}, {'s', 16}, {'t', 9},  {'d', 46}, {'l', 20}, {'b', 8},
-    {'n', 35}, {'h', 36}, {'u', 33}, {'j', 34}, {';', 38}, {'.', 40}, {',', 37}, {'/', 39}, {'w', 91},
+    {'a', 18, "Alt"},        {'c', 17, "Ctrl"},        {'e', 27, "Escape"},       {'r', 13, "Return"},
+    {'s', 16, "Shift"},      {'t', 9, "Tab"},          {'d', 46, "Delete"},       {'l', 20, nullptr},
+    {'b', 8, "Backspace"},   {'n', 35, "End"},         {'h', 36, "Home"},         {'u', 33, "Page Up"},
+    {'j', 34, "Page Down"},  {';', 38, "Up Arrow"},    {'.', 40, "Down Arrow"},   {',', 37, "Left Arrow"},
+    {'/', 39, "Right Arrow"}, {'w', 91, "Windows Key"},
 };
 
 }  // namespace
@@ -76,4 +82,12 @@ char CommandLetterOfKey(int virtualKey) {
         if (entry.key == virtualKey) return entry.letter;
     }
     return '\0';
+}
+
+std::vector<NamedLetter> NamedCommandLetters() {
+    std::vector<NamedLetter> letters;
+    for (const LetterKey& entry : kCommandLetters) {
+        if (entry.name) letters.push_back({entry.letter, entry.name});
+    }
+    return letters;
 }

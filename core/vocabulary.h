@@ -26,3 +26,11 @@ bool IsCommandLetter(char character);
 std::uint8_t CommandKey(char letter);
 // The command letter that presses `virtualKey`; '\0' for none.
 char CommandLetterOfKey(int virtualKey);
+
+struct NamedLetter {
+    char letter;
+    const char* keyName;
+};
+// The command letters of keys that are pressed and released, with their
+// keys' names, in the order the editor's reference lists them.
+std::vector<NamedLetter> NamedCommandLetters();

@@ -17,6 +17,8 @@ public:
     virtual bool WriteAtomically(const std::string& path, const std::string& data) = 0;
     virtual bool Append(const std::string& path, const std::string& data) = 0;
     virtual bool Copy(const std::string& from, const std::string& to) = 0;
+    // Deletes the file; false when it could not (it did not exist, say).
+    virtual bool Remove(const std::string& path) = 0;
     // Names (without folder) of the files matching a pattern such as
     // "C:\Prog\Scripts\*.kwf", in the order the system lists them.
     virtual std::vector<std::string> List(const std::string& pattern) = 0;

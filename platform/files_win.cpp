@@ -80,6 +80,8 @@ bool WinFiles::Copy(const std::string& from, const std::string& to) {
     return data && WriteAtomically(to, *data);
 }
 
+bool WinFiles::Remove(const std::string& path) { return DeleteFileA(path.c_str()) != 0; }
+
 std::vector<std::string> WinFiles::List(const std::string& pattern) {
     std::vector<std::string> names;
     WIN32_FIND_DATAA found;

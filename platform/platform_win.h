@@ -22,6 +22,7 @@ public:
     bool WriteAtomically(const std::string& path, const std::string& data) override;
     bool Append(const std::string& path, const std::string& data) override;
     bool Copy(const std::string& from, const std::string& to) override;
+    bool Remove(const std::string& path) override;
     std::vector<std::string> List(const std::string& pattern) override;
 };
 

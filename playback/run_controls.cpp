@@ -5,15 +5,11 @@
 #include "core/app.h"
 #include "script/step_grid.h"
 
-namespace {
-
 void SetToolbarEnabled(App& app, bool enabled) {
     for (Control button : {Control::ToolSave, Control::ToolLoad, Control::ToolSettings}) {
         app.ui.main.SetEnabled(button, enabled);
     }
 }
-
-}  // namespace
 
 void LockForRun(App& app) {
     MainView& main = app.ui.main;
@@ -28,7 +24,8 @@ void StopButton(App& app) {
     MainView& main = app.ui.main;
     app.stopRequested = true;
     main.SetTimer(Timer::MouseSaver, false);
-    for (Control control : {Control::Start, Control::Record, Control::RecOptions}) main.SetEnabled(control, true);
+    for (Control control : {Control::Start, Control::RecOptions}) main.SetEnabled(control, true);
+    main.SetEnabled(Control::Record, app.hookLibraryLoaded);
     main.SetTimer(Timer::Stop, false);
     SetToolbarEnabled(app, true);
     DeselectAllRows(app);

@@ -134,6 +134,12 @@ void ReadLines(StepGrid& grid, std::string_view text, bool overwrite) {
     }
 }
 
+void WriteWorkingCopy(App& app) {
+    if (!app.os.files.WriteAtomically(app.scriptStorePath, ScriptText(app.ui.grid))) {
+        throw RuntimeError(errors::kPathAccessError, "Path/File access error");
+    }
+}
+
 std::string ExistingWorkingCopy(App& app) {
     if (!FileExists(app, app.scriptStorePath)) app.os.files.Append(app.scriptStorePath, "");
     return app.scriptStorePath;
@@ -149,15 +155,17 @@ bool SaveData(App& app, bool purge) {
     bool saved = Trapped(app, "SaveData", [&] {
         if (purge) PurgeNewRows(app);
         ShowStatus(app, "Saving...  Please wait.");
-        if (!app.os.files.WriteAtomically(app.scriptStorePath, ScriptText(app.ui.grid))) {
-            throw RuntimeError(errors::kPathAccessError, "Path/File access error");
-        }
+        WriteWorkingCopy(app);
         ShowStatus(app, "Saved successfully.");
     });
     // Also after a failure: a hidden grid would look like a lost script.
     view.SetFrameVisible(Frame::Main, true);
     view.SetBusyPointer(false);
     return saved;
+}
+
+bool SaveDataQuietly(App& app) {
+    return Trapped(app, "SaveData", [&] { WriteWorkingCopy(app); });
 }
 
 bool ReadData(App& app, const std::string& path, bool overwrite) {

@@ -133,7 +133,7 @@ class WineOperations:
     def make_program_folder(self, settings=None, files=None):
         """A fresh folder holding Klickwerk.exe and its companion files, with
         Settings.ini holding `settings` (a dict) and `files` (relative name
-        -> bytes)."""
+        -> bytes, or None to leave a companion file out)."""
         self.folder = self.out / f"program-{len(list(self.out.glob('program-*')))}"
         self.folder.mkdir()
         install_program(self.folder)
@@ -141,8 +141,12 @@ class WineOperations:
             lines = ["[MAIN]"] + [f"{key}={value}" for key, value in settings.items()]
             (self.folder / "Settings.ini").write_bytes(("\r\n".join(lines) + "\r\n").encode("latin-1"))
         for relative, content in (files or {}).items():
-            (self.folder / relative).parent.mkdir(parents=True, exist_ok=True)
-            (self.folder / relative).write_bytes(content)
+            target = self.folder / relative
+            if content is None:  # a companion file left out
+                target.unlink(missing_ok=True)
+                continue
+            target.parent.mkdir(parents=True, exist_ok=True)
+            target.write_bytes(content)
         return self.folder
 
     def start_klickwerk(self, *args):

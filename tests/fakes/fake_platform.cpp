@@ -119,3 +119,24 @@ void FakeRegistry::SetString(RegistryRoot, const std::string& subkey, const std:
 void FakeRegistry::DeleteValue(RegistryRoot, const std::string& subkey, const std::string& name) {
     if (!refuseWrites) values.erase(subkey + "\\" + name);
 }
+
+namespace {
+const char* KindName(HookKind kind) { return kind == HookKind::Mouse ? "mouse" : "keys"; }
+}  // namespace
+
+bool FakeHookLibrary::Load(const std::string& path) {
+    calls.push_back("load " + path);
+    return loads;
+}
+
+std::optional<HookHandle> FakeHookLibrary::Install(HookKind kind) {
+    if (missing.count(kind == HookKind::Mouse ? "MouseProc" : "KeyProc")) return std::nullopt;
+    calls.push_back(std::string("install ") + KindName(kind));
+    return kind == HookKind::Mouse ? 1 : 2;
+}
+
+bool FakeHookLibrary::Init(HookKind kind, WindowHandle receiver, HookHandle hook) {
+    if (missing.count(kind == HookKind::Mouse ? "InitMouse" : "InitKeys")) return false;
+    calls.push_back(std::string("init ") + KindName(kind) + " " + std::to_string(receiver) + " " + std::to_string(hook));
+    return true;
+}

@@ -2,12 +2,14 @@
 // Fakes of the operating-system seams that record every call.
 #include <functional>
 #include <map>
+#include <optional>
 #include <set>
 #include <string>
 #include <vector>
 
 #include "fakes/fake_views.h"
 #include "platform/clock.h"
+#include "platform/hook_library.h"
 #include "platform/input_device.h"
 #include "platform/os_info.h"
 #include "platform/registry.h"
@@ -121,6 +123,20 @@ public:
     }
     std::vector<Call> calls;
     std::function<void()> onOpen;  // looks at the program during the call
+};
+
+// Records every call as a line ("install mouse", "init keys 485 2", ...).
+class FakeHookLibrary : public HookLibrary {
+public:
+    bool Load(const std::string& path) override;
+    std::optional<HookHandle> Install(HookKind kind) override;
+    bool Init(HookKind kind, WindowHandle receiver, HookHandle hook) override;
+    void Remove(HookHandle hook) override { calls.push_back("remove " + std::to_string(hook)); }
+    void Free() override { calls.push_back("free"); }
+
+    std::vector<std::string> calls;
+    bool loads = true;
+    std::set<std::string> missing;  // exports the library lacks: "MouseProc", "InitKeys", ...
 };
 
 class FakeOsInfo : public OsInfo {

@@ -54,6 +54,12 @@ public:
     void FillDropDown(DropDown list, const std::vector<std::string>& entries, const std::string& text) override {
         dropDowns[list] = {entries, text};
     }
+    WindowHandle ReceiverHandle() const override { return kReceiver; }
+    void SetGridMultiSelect(bool multiple) override { gridMultiSelect = multiple; }
+    int ChooseRecordMode(bool fromSelected) override {
+        recordModeShown.push_back(fromSelected);
+        return recordModeChoice;
+    }
 
     // Fires the enabled timers that are due at `nowMs`, earliest first;
     // returns the time of the next due timer after that (or a huge value).
@@ -77,6 +83,10 @@ public:
     double heightTwips = 0;
     bool topmost = false;
     bool shown = false;
+    static constexpr WindowHandle kReceiver = 0x1E5;
+    bool gridMultiSelect = true;
+    int recordModeChoice = -1;              // the entry the user picks from mnuRecMain
+    std::vector<bool> recordModeShown;      // the check mark's entry at each pop-up
     struct DropDownContent {
         std::vector<std::string> entries;
         std::string shown;

@@ -36,6 +36,7 @@ public:
     }
     bool Append(const std::string& path, const std::string& data) override { return inner_.Append(path, data); }
     bool Copy(const std::string& from, const std::string& to) override { return inner_.Copy(from, to); }
+    bool Remove(const std::string& path) override { return inner_.Remove(path); }
     std::vector<std::string> List(const std::string& pattern) override { return inner_.List(pattern); }
 
     // Runs before each atomic write; false fails the write like a full disk,
@@ -55,6 +56,6 @@ public:
     ProbeFiles files{base.files};
     RecordingSettingsFile ini{base.ini};
     Platform platform{files,        ini,          base.registry, base.shell,
-                      base.input,   base.windows, base.clock,    base.osInfo};
+                      base.input,   base.windows, base.clock,    base.osInfo, base.hooks};
     App app{platform, base.views};
 };

@@ -56,6 +56,11 @@ bool StdFiles::Copy(const std::string& from, const std::string& to) {
     return !error;
 }
 
+bool StdFiles::Remove(const std::string& path) {
+    std::error_code error;
+    return fs::remove(Native(path), error);
+}
+
 std::vector<std::string> StdFiles::List(const std::string& pattern) {
     fs::path native = Native(pattern);
     std::string mask = native.filename().string();

@@ -23,6 +23,7 @@ void TestApp::Place(App& target) const {
     target.settingsPath = target.programFolder + "\\Settings.ini";
     target.scriptStorePath = target.programFolder + "\\Data.dat";
     target.errorLogPath = target.programFolder + "\\Error.log";
+    target.hookLibraryLoaded = true;
 }
 
 TestApp::~TestApp() {

@@ -43,11 +43,12 @@ public:
     FakeMainView main;
     FakeClock clock{main};
     FakeOsInfo osInfo;
+    FakeHookLibrary hooks;
     StepGrid grid;
     ScriptedBoxes boxes;
     ScriptedDialogs dialogs;
     FakeAboutView about;
-    Platform platform{files, ini, registry, shell, input, windows, clock, osInfo};
+    Platform platform{files, ini, registry, shell, input, windows, clock, osInfo, hooks};
     Views views{grid, main, boxes, dialogs, about};
     App app{platform, views};
 };

@@ -1,0 +1,145 @@
+"""Recording as the user does it: real X input sent with xdotool over the
+probe window becomes steps in the grid, and a recorded session plays back
+into the probe as it was recorded."""
+from typing import Callable, NamedTuple
+
+from harness import APP_TITLE, WineTestCase, script_lines, step
+from wine_session import wait_until
+
+PROBE = "Probe Recording"
+NOTICE = ("Press {} to stop recording.\r\nPress F11 to create a new step manually.\r\nDo not press F10")
+DONE = "Recording completed successfully."
+
+
+def at(probe_at, dx, dy):
+    return probe_at.x + dx, probe_at.y + dy
+
+
+class Scenario(NamedTuple):
+    actions: Callable   # the probe's origin -> xdotool commands, each a list of arguments
+    steps: Callable     # the probe's origin -> the recorded steps: (X, Y, Button, Additional, Repeat)
+    keys_only: bool = False  # X and Y are wherever the pointer rested
+
+
+def move(point):
+    return ["mousemove", *map(str, point)]
+
+
+SCENARIOS = {
+    "one click is one Left Click step at its place": Scenario(
+        lambda o: [move(at(o, 100, 50)), ["click", "1"]],
+        lambda o: [(*at(o, 100, 50), "Left Click", "", "0")]),
+    "a double click is one Left DblClick step": Scenario(
+        lambda o: [move(at(o, 140, 60)), ["click", "--repeat", "2", "--delay", "80", "1"]],
+        lambda o: [(*at(o, 140, 60), "Left DblClick", "", "0")]),
+    "press here and release there is Left Down and Left Up": Scenario(
+        lambda o: [move(at(o, 200, 40)), ["mousedown", "1"], move(at(o, 260, 90)), ["mouseup", "1"]],
+        lambda o: [(*at(o, 200, 40), "Left Down", "", "0"), (*at(o, 260, 90), "Left Up", "", "0")]),
+    "two identical clicks are one step with Repeat 1": Scenario(
+        lambda o: [move(at(o, 300, 70)), ["click", "--repeat", "2", "--delay", "1200", "1"]],
+        lambda o: [(*at(o, 300, 70), "Left Click", "", "1")]),
+    "typing then F11 is one step of keystroke text": Scenario(
+        lambda o: [["type", "--delay", "50", "ab"], ["key", "F11"]],
+        lambda o: [("No Click", "ab", "0")], keys_only=True),
+    "Shift released last": Scenario(
+        lambda o: [["keydown", "shift"], ["key", "a"], ["keyup", "shift"], ["key", "F11"]],
+        lambda o: [("No Click", "%sa$s", "0")], keys_only=True),
+    "Shift released first": Scenario(
+        lambda o: [["keydown", "shift"], ["keydown", "a"], ["keyup", "shift"], ["keyup", "a"], ["key", "F11"]],
+        lambda o: [("No Click", "%s$sa", "0")], keys_only=True),
+}
+
+
+class RecordingTest(WineTestCase):
+    def start_recording(self, stop_key="ESCAPE", answer_first=None):
+        self.press("RECORD")
+        if answer_first:
+            self.wait_for_msgbox("New script will be created.  Save current script?")
+            self.answer(answer_first)
+        self.wait_for_msgbox(NOTICE.format(stop_key))
+        self.answer("OK")
+        self.wait_for_record_caption(f"{stop_key} TO STOP")
+
+    def stop_recording(self, key="Escape"):
+        box = self.hold_key(key, lambda: self.driver("msgbox", allow_missing=True), "the recording to end")
+        if box["text"].startswith("There are "):  # the step current at the end holds a merged action's texts
+            self.answer("Yes")
+        self.wait_for_msgbox(DONE)
+        self.answer("OK")
+        self.wait_for_record_caption("RECORD")
+
+    def wait_for_record_caption(self, caption):
+        wait_until(lambda: any(control["text"] == caption for control in self.controls()), 20,
+                   f"the record button to read {caption}")
+
+    def recorded(self, keys_only=False):
+        return [tuple((row["cells"][3:5] if keys_only else row["cells"][1:5]) + [row["cells"][7]])
+                for row in self.grid()]
+
+    def act(self, actions, steps, keys_only=False):
+        """Sends the X input and waits until the steps are closed, with the
+        next, blank step current: a click is only a step once its
+        double-click time has passed."""
+        for action in actions:
+            self.xdotool(*action)
+        self.assert_becomes([tuple(map(str, expected)) for expected in steps],
+                            lambda: self.recorded(keys_only)[:-1])
+
+    def test_each_action_records_as_its_steps(self):
+        probe, origin = self.open_probe(PROBE)
+        self.open_program()
+        for number, (name, scenario) in enumerate(SCENARIOS.items()):
+            with self.subTest(name):
+                self.give_focus(PROBE)
+                self.move_pointer(*at(origin, 20, 20))
+                self.start_recording(answer_first="No" if self.grid() else None)
+                self.give_focus(PROBE)
+                self.act(scenario.actions(origin), scenario.steps(origin), scenario.keys_only)
+                self.stop_recording()
+                self.assertEqual([tuple(map(str, expected)) for expected in scenario.steps(origin)],
+                                 self.recorded(scenario.keys_only))
+        self.assert_no_errors_logged()
+
+    def test_stopping_at_once_leaves_an_empty_grid_and_f5_stops_when_it_is_the_stop_key(self):
+        self.open_program(StopKey=116)
+        self.focus(APP_TITLE)
+        self.start_recording(stop_key="F5")
+        self.stop_recording(key="F5")
+        self.assertEqual([], self.grid())
+        self.assert_no_errors_logged()
+
+    def test_a_recorded_session_plays_back_into_the_probe_as_it_was_recorded(self):
+        probe, origin = self.open_probe(PROBE)
+        self.open_program()
+        self.give_focus(PROBE)
+        self.move_pointer(*at(origin, 20, 20))
+        self.start_recording()
+        self.give_focus(PROBE)
+        click, right_click = at(origin, 120, 40), at(origin, 400, 80)
+        self.act([move(click), ["click", "1"]], [(*click, "Left Click", "", "0")])
+        # The pointer did not move after the click: the typing step keeps it where it is.
+        typed = (-1, -1, "No Click", "hi", "0")
+        self.act([["type", "--delay", "50", "hi"], ["key", "F11"]], [(*click, "Left Click", "", "0"), typed])
+        self.act([move(right_click), ["click", "3"]],
+                 [(*click, "Left Click", "", "0"), typed, (*right_click, "Right Click", "", "0")])
+        self.stop_recording()
+        clicks, text = probe.clicks(), probe.text()
+
+        self.give_focus(PROBE)
+        self.press("Start")
+        self.wait_for_steps(3, timeout=60)
+        wait_until(lambda: (probe.clicks()[len(clicks):], probe.text()[len(text):]), 20,
+                   "the same clicks and keys at the probe", accept=lambda seen: seen == (clicks, text))
+        self.assert_no_errors_logged()
+
+    def test_without_the_hook_library_the_record_button_is_disabled_without_a_word(self):
+        self.open_program(files={"InHook.dll": None})
+        self.assertFalse(self.enabled()["RECORD"])
+        self.assertIsNone(self.driver("msgbox", allow_missing=True))
+        self.close_klickwerk()
+        self.assert_no_errors_logged()
+
+
+if __name__ == "__main__":
+    import unittest
+    unittest.main()
