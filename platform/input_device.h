@@ -21,3 +21,10 @@ public:
     virtual std::int16_t VkKeyScan(char character) = 0;
     virtual unsigned GetDoubleClickTime() = 0;
 };
+
+// The key is down now. The low bit of GetAsyncKeyState ("pressed since the
+// last call") would also report a press that ended long before, while no
+// timer was asking.
+inline bool IsKeyDown(InputDevice& input, int virtualKey) {
+    return (input.GetAsyncKeyState(virtualKey) & 0x8000) != 0;
+}

@@ -6,7 +6,7 @@
 
 namespace {
 
-bool Pressed(App& app, int virtualKey) { return app.os.input.GetAsyncKeyState(virtualKey) != 0; }
+bool Pressed(App& app, int virtualKey) { return IsKeyDown(app.os.input, virtualKey); }
 
 void CopyPointerIntoSelection(App& app) {
     StepGrid& grid = app.ui.grid;

@@ -5,7 +5,7 @@
 #include "playback/run_controls.h"
 
 void OnStopTimer(App& app) {
-    if (app.os.input.GetAsyncKeyState(app.stopKeyCode) == 0) return;
+    if (!IsKeyDown(app.os.input, app.stopKeyCode)) return;
     if (EndsWith(app.ui.main.RecordCaption(), "TO STOP")) {
         if (app.clickRecord) app.clickRecord();
     } else {

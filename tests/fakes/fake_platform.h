@@ -35,7 +35,10 @@ public:
     void SetCursorPos(int x, int y) override;
     Point GetCursorPos() override { return cursor; }
     int GetSystemMetrics(int index) override { return index == 0 ? screenWidth : screenHeight; }
-    std::int16_t GetAsyncKeyState(int virtualKey) override { return pressedKeys.count(virtualKey) ? -32767 : 0; }
+    std::int16_t GetAsyncKeyState(int virtualKey) override {
+        if (pressedKeys.count(virtualKey)) return -32767;
+        return releasedSinceLastCall.count(virtualKey) ? 1 : 0;
+    }
     // A US keyboard layout: the low byte is the key, bit 8 means Shift.
     std::int16_t VkKeyScan(char character) override;
     unsigned GetDoubleClickTime() override { return 500; }
@@ -44,6 +47,7 @@ public:
     // Called after each event is recorded, to look at the program mid-run.
     std::function<void(const InputEvent&)> onEvent;
     std::set<int> pressedKeys;
+    std::set<int> releasedSinceLastCall;  // only the low bit says they were pressed
     std::vector<std::uint8_t> scanCodesSeen;
     Point cursor{100, 100};
     int screenWidth = 1280;

@@ -43,6 +43,18 @@ TEST_F(StopKeys, TheStopKeyClicksRecordWhileRecordingAndStopOtherwise) {
     EXPECT_TRUE(app.stopRequested);
 }
 
+TEST_F(StopKeys, AKeyReleasedBeforeThePollIsNoPress) {
+    t.input.releasedSinceLastCall = {kEscape, kVkNextStep, kVkCopyPointer};
+    AddStep("1", "2", "No Click", "");
+    t.grid.SetSelected(1, true);
+    OnStopTimer(app);
+    OnShiftNextTimer(app);
+    OnHotkeyTimer(app);
+    EXPECT_FALSE(app.stopRequested);
+    EXPECT_EQ(t.grid.RowCount(), 1);
+    EXPECT_EQ(t.grid.Cell(1, kColX), "1");
+}
+
 TEST_F(StopKeys, ChangingTheStopKeyWritesTheCodeAndClosesThePanel) {
     OpenStopKeyPanel(app);
     EXPECT_TRUE(t.main.FrameVisible(Frame::StopKey));
