@@ -60,20 +60,22 @@ UINT ClientMessage(WPARAM message) {
 
 }  // namespace
 
+// Exported by name through the .def file, which variants for tests can leave
+// an entry out of.
 extern "C" {
 
-__declspec(dllexport) void __stdcall InitMouse(HWND receiver, HHOOK hook) {
+void __stdcall InitMouse(HWND receiver, HHOOK hook) {
     mouseReceiver = receiver;
     mouseHook = hook;
     lastPress = {};
 }
 
-__declspec(dllexport) void __stdcall InitKeys(HWND receiver, HHOOK hook) {
+void __stdcall InitKeys(HWND receiver, HHOOK hook) {
     keyReceiver = receiver;
     keyHook = hook;
 }
 
-__declspec(dllexport) LRESULT CALLBACK MouseProc(int code, WPARAM wParam, LPARAM lParam) {
+LRESULT CALLBACK MouseProc(int code, WPARAM wParam, LPARAM lParam) {
     // HC_NOREMOVE: the same event is looked at again when it is taken.
     if (code == HC_ACTION) {
         const auto& event = *reinterpret_cast<const MOUSEHOOKSTRUCT*>(lParam);
@@ -85,7 +87,7 @@ __declspec(dllexport) LRESULT CALLBACK MouseProc(int code, WPARAM wParam, LPARAM
     return CallNextHookEx(mouseHook, code, wParam, lParam);
 }
 
-__declspec(dllexport) LRESULT CALLBACK KeyProc(int code, WPARAM wParam, LPARAM lParam) {
+LRESULT CALLBACK KeyProc(int code, WPARAM wParam, LPARAM lParam) {
     if (code == HC_ACTION) {
         // Bit 31, the transition state, is set for a release.
         UINT message = (static_cast<DWORD>(lParam) & 0x80000000u) ? WM_KEYUP : WM_KEYDOWN;

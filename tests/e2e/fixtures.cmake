@@ -43,3 +43,15 @@ target_compile_options(grid_bench PRIVATE $<$<COMPILE_LANGUAGE:CXX>:${KW_WARNING
 target_link_libraries(grid_bench PRIVATE kw_app)
 target_link_options(grid_bench PRIVATE ${KW_STATIC_RUNTIME})
 set_target_properties(grid_bench PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
+
+# InHook.dll without one of its exports, for the recorder's failure cases:
+# hook-variants/InHook-without-<export>.dll.
+file(STRINGS ${CMAKE_SOURCE_DIR}/hooklib/inhook.def KW_HOOK_DEF_LINES)
+foreach(missing MouseProc InitMouse)
+  set(lines ${KW_HOOK_DEF_LINES})
+  list(FILTER lines EXCLUDE REGEX "^ *${missing}$")
+  list(JOIN lines "\n" text)
+  file(WRITE ${CMAKE_BINARY_DIR}/generated/InHook-without-${missing}.def "${text}\n")
+  kw_hook_library(InHook-without-${missing} ${CMAKE_BINARY_DIR}/generated/InHook-without-${missing}.def
+                  ${CMAKE_BINARY_DIR}/hook-variants)
+endforeach()

@@ -3,8 +3,8 @@ probe window becomes steps in the grid, and a recorded session plays back
 into the probe as it was recorded."""
 from typing import Callable, NamedTuple
 
-from harness import APP_TITLE, WineTestCase, script_lines, step
-from wine_session import wait_until
+from harness import APP_TITLE, WineTestCase, file_bytes, script_bytes, script_lines, step
+from wine_session import BUILD_DIR, wait_until
 
 PROBE = "Probe Recording"
 NOTICE = ("Press {} to stop recording.\r\nPress F11 to create a new step manually.\r\nDo not press F10")
@@ -122,15 +122,61 @@ class RecordingTest(WineTestCase):
         self.act([["type", "--delay", "50", "hi"], ["key", "F11"]], [(*click, "Left Click", "", "0"), typed])
         self.act([move(right_click), ["click", "3"]],
                  [(*click, "Left Click", "", "0"), typed, (*right_click, "Right Click", "", "0")])
+        clicks, text = probe.clicks(), probe.text()  # the stop key reaches the probe too
         self.stop_recording()
-        clicks, text = probe.clicks(), probe.text()
 
         self.give_focus(PROBE)
+        seen_clicks, seen_text = len(probe.clicks()), len(probe.text())
         self.press("Start")
         self.wait_for_steps(3, timeout=60)
-        wait_until(lambda: (probe.clicks()[len(clicks):], probe.text()[len(text):]), 20,
+        wait_until(lambda: (probe.clicks()[seen_clicks:], probe.text()[seen_text:]), 20,
                    "the same clicks and keys at the probe", accept=lambda seen: seen == (clicks, text))
         self.assert_no_errors_logged()
+
+    def test_a_cancelled_new_script_changes_nothing_and_recording_from_the_selected_step_overwrites_onward(self):
+        lines = script_lines([step(keys=keys) for keys in ("one", "two", "three")])
+        self.open_program(working_copy=lines)
+        self.press("RECORD")
+        self.wait_for_msgbox("New script will be created.  Save current script?")
+        self.answer("Cancel")
+        self.wait_for_record_caption("RECORD")
+        self.assertEqual(["one", "two", "three"], [row["cells"][4] for row in self.grid()])
+        self.assertEqual(script_bytes(lines), file_bytes(self.folder / "Data.dat"))
+        self.close_klickwerk()
+
+        probe, _ = self.open_probe(PROBE)
+        self.open_program(working_copy=lines, RecMode=1)
+        self.driver("select", self.main["target"], "2")
+        self.give_focus(PROBE)
+        self.start_recording()
+        self.give_focus(PROBE)
+        self.act([["type", "--delay", "50", "z"], ["key", "F11"]], [("No Click", "one", "0"), ("No Click", "z", "0")],
+                 keys_only=True)
+        self.stop_recording()  # and remove the step left over
+        self.assertEqual([("No Click", "one", "0"), ("No Click", "z", "0")], self.recorded(keys_only=True))
+        self.assert_no_errors_logged()
+
+    def test_a_library_lacking_an_export(self):
+        variants = BUILD_DIR / "hook-variants"
+        probe, origin = self.open_probe(PROBE)
+        # Without "MouseProc" only keys are recorded, without a word.
+        self.open_program(files={"InHook.dll": (variants / "InHook-without-MouseProc.dll").read_bytes()})
+        self.give_focus(PROBE)
+        self.start_recording()
+        self.give_focus(PROBE)
+        self.act([move(at(origin, 100, 50)), ["click", "1"], ["type", "--delay", "50", "k"], ["key", "F11"]],
+                 [(-1, -1, "No Click", "k", "0")])
+        self.stop_recording()
+        self.assert_no_errors_logged()
+        self.close_klickwerk()
+
+        # Without "InitMouse" the record command fails into the error log.
+        self.open_program(files={"InHook.dll": (variants / "InHook-without-InitMouse.dll").read_bytes()})
+        self.press("RECORD")
+        self.wait_for_msgbox(NOTICE.format("ESCAPE"))
+        self.answer("OK")
+        wait_until(self.error_log, 20, "the record command's failure in the error log",
+                   accept=lambda log: "InitMouse" in log and "RecordButton" in log)
 
     def test_without_the_hook_library_the_record_button_is_disabled_without_a_word(self):
         self.open_program(files={"InHook.dll": None})
