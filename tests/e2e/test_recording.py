@@ -178,6 +178,32 @@ class RecordingTest(WineTestCase):
         wait_until(self.error_log, 20, "the record command's failure in the error log",
                    accept=lambda log: "InitMouse" in log and "RecordButton" in log)
 
+    def test_a_held_key_is_recorded_once(self):
+        probe, _ = self.open_probe(PROBE)
+        self.open_program()
+        self.give_focus(PROBE)
+        self.start_recording()
+        self.give_focus(PROBE)
+        self.xdotool("keydown", "a")
+        try:
+            wait_until(lambda: probe.keys().count(("down", 65)), 20, "the key to repeat at the probe",
+                       accept=lambda presses: presses >= 3)
+        finally:
+            self.xdotool("keyup", "a")
+        self.act([["key", "F11"]], [("No Click", "a", "0")], keys_only=True)
+        self.stop_recording()
+        self.assert_no_errors_logged()
+
+    def test_closing_the_window_during_a_recording_ends_the_program_with_its_steps_saved(self):
+        probe, origin = self.open_probe(PROBE)
+        self.open_program()
+        self.give_focus(PROBE)
+        self.start_recording()
+        self.give_focus(PROBE)
+        self.act([["type", "--delay", "50", "q"], ["key", "F11"]], [("No Click", "q", "0")], keys_only=True)
+        self.close_klickwerk()
+        self.assertIn(b"||No Click||q||", file_bytes(self.folder / "Data.dat"))
+
     def test_without_the_hook_library_the_record_button_is_disabled_without_a_word(self):
         self.open_program(files={"InHook.dll": None})
         self.assertFalse(self.enabled()["RECORD"])
