@@ -194,6 +194,18 @@ class RecordingTest(WineTestCase):
         self.stop_recording()
         self.assert_no_errors_logged()
 
+    def test_the_mode_menu_writes_the_mode_at_once(self):
+        self.open_program()
+        left, top, right, bottom = self.control("Button", "Record options")["rect"]
+        self.focus(APP_TITLE)
+        self.move_pointer((left + right) // 2, (top + bottom) // 2)
+        self.xdotool("click", "1")
+        wait_until(lambda: [w for w in self.driver("windows") if w["class"] == "#32768" and w["visible"]], 20,
+                   "the record-mode menu")
+        self.screenshot("record-mode-menu")
+        self.xdotool("key", "Down", "Down", "Return")  # the second entry: from the selected step
+        wait_until(lambda: self.setting("RecMode"), 20, "RecMode written", accept=lambda mode: mode == "1")
+
     def test_closing_the_window_during_a_recording_ends_the_program_with_its_steps_saved(self):
         probe, origin = self.open_probe(PROBE)
         self.open_program()

@@ -2,7 +2,7 @@
 // the way accessibility tools do, and prints what it found as JSON.
 //
 //   kwdriver [--wait <ms>] <command> [arguments]
-//     windows                    titled top-level windows
+//     windows                    titled top-level windows and open pop-up menus
 //     window <target>            states, rectangle, client size and screen origin
 //     controls <target>          child windows with class, text and states
 //     grid <target>              the list view's rows: cells and check mark
@@ -441,7 +441,8 @@ Result AnswerMessageBox(const Args& args) {
 Result ListWindows(const Args&) {
     std::vector<std::string> windows;
     for (HWND window : Windows(nullptr)) {
-        if (!WindowText(window).empty()) windows.push_back(Describe(window));
+        // Pop-up menus have no title but are worth seeing.
+        if (!WindowText(window).empty() || ClassOf(window) == "#32768") windows.push_back(Describe(window));
     }
     return {kOk, List(windows)};
 }
