@@ -1,11 +1,12 @@
 #include "app/enable_controls.h"
 
 #include "core/app.h"
+#include "playback/run_controls.h"
 
 namespace {
 
-constexpr Control kAlwaysSwitched[] = {Control::ToolSettings, Control::Start,  Control::Stop,
-                                       Control::Repeat,       Control::Record, Control::RecOptions};
+constexpr Control kAlwaysSwitched[] = {Control::ToolSettings, Control::Start, Control::Stop, Control::Repeat,
+                                       Control::RecOptions};
 constexpr Control kSwitchedWithAll[] = {Control::ToolSave, Control::ToolLoad, Control::ToolAbout,
                                         Control::ToolHelp, Control::Grid,     Control::StatusBar};
 
@@ -14,10 +15,8 @@ bool OnTop(const App& app) { return app.settings.onTop == 1; }
 }  // namespace
 
 void EnableControls(App& app, bool enabled, bool all) {
-    for (Control control : kAlwaysSwitched) {
-        // Without the hook library there is nothing to record with.
-        app.ui.main.SetEnabled(control, enabled && (control != Control::Record || app.hookLibraryLoaded));
-    }
+    for (Control control : kAlwaysSwitched) app.ui.main.SetEnabled(control, enabled);
+    SetRecordEnabled(app, enabled);
     if (!all) return;
     for (Control control : kSwitchedWithAll) {
         // The about box keeps its button disabled until it is hidden again.

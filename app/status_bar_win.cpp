@@ -20,7 +20,16 @@ bool StatusBarWin::Create(HWND parent, int id) {
     return true;
 }
 
-// One tool per panel, each over its panel's rectangle of the bar.
+// The tool of panel `part` (0 to 5), over the panel's rectangle of the bar.
+TTTOOLINFOA StatusBarWin::ToolOf(int part) const {
+    TTTOOLINFOA tool{};
+    tool.cbSize = sizeof tool;
+    tool.hwnd = bar_;
+    tool.uId = static_cast<UINT_PTR>(part);
+    SendMessageA(bar_, SB_GETRECT, part, reinterpret_cast<LPARAM>(&tool.rect));
+    return tool;
+}
+
 void StatusBarWin::CreateTips(HWND parent) {
     tips_ = CreateWindowExA(WS_EX_TOPMOST, TOOLTIPS_CLASSA, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0, 0,
                             0, 0, parent, nullptr, GetModuleHandleA(nullptr), nullptr);
@@ -29,24 +38,16 @@ void StatusBarWin::CreateTips(HWND parent) {
         return;
     }
     for (int part = 0; part < kPanelCount; ++part) {
-        TTTOOLINFOA tool{};
-        tool.cbSize = sizeof tool;
+        TTTOOLINFOA tool = ToolOf(part);
         tool.uFlags = TTF_SUBCLASS;
-        tool.hwnd = bar_;
-        tool.uId = static_cast<UINT_PTR>(part);
         tool.lpszText = const_cast<char*>(kStatusPanels[static_cast<std::size_t>(part)].toolTip);
-        SendMessageA(bar_, SB_GETRECT, part, reinterpret_cast<LPARAM>(&tool.rect));
         SendMessageA(tips_, TTM_ADDTOOLA, 0, reinterpret_cast<LPARAM>(&tool));
     }
 }
 
 void StatusBarWin::MoveTips() {
     for (int part = 0; part < kPanelCount && tips_; ++part) {
-        TTTOOLINFOA tool{};
-        tool.cbSize = sizeof tool;
-        tool.hwnd = bar_;
-        tool.uId = static_cast<UINT_PTR>(part);
-        SendMessageA(bar_, SB_GETRECT, part, reinterpret_cast<LPARAM>(&tool.rect));
+        TTTOOLINFOA tool = ToolOf(part);
         SendMessageA(tips_, TTM_NEWTOOLRECTA, 0, reinterpret_cast<LPARAM>(&tool));
     }
 }

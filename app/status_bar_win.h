@@ -8,6 +8,8 @@
 #include "app/main_window_events.h"
 #include "platform/win32.h"
 
+#include <commctrl.h>
+
 inline constexpr int kPanelCount = static_cast<int>(kStatusPanels.size());
 
 class StatusBarWin {
@@ -21,6 +23,7 @@ public:
     void SetFont(HFONT font);
 
 private:
+    TTTOOLINFOA ToolOf(int part) const;
     void CreateTips(HWND parent);
     void MoveTips();
 

@@ -11,6 +11,10 @@ void SetToolbarEnabled(App& app, bool enabled) {
     }
 }
 
+void SetRecordEnabled(App& app, bool enabled) {
+    app.ui.main.SetEnabled(Control::Record, enabled && app.hookLibraryLoaded);
+}
+
 void LockForRun(App& app) {
     MainView& main = app.ui.main;
     for (Control control : {Control::Record, Control::RecOptions, Control::Start}) main.SetEnabled(control, false);
@@ -25,7 +29,7 @@ void StopButton(App& app) {
     app.stopRequested = true;
     main.SetTimer(Timer::MouseSaver, false);
     for (Control control : {Control::Start, Control::RecOptions}) main.SetEnabled(control, true);
-    main.SetEnabled(Control::Record, app.hookLibraryLoaded);
+    SetRecordEnabled(app, true);
     main.SetTimer(Timer::Stop, false);
     SetToolbarEnabled(app, true);
     DeselectAllRows(app);

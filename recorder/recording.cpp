@@ -26,15 +26,10 @@ constexpr int kEnter = 13;
 constexpr int kF11 = 122;
 constexpr int kLeftButton = 1;
 constexpr int kRightButton = 2;
-constexpr const char* kNoClick = "No Click";
+const char* const kNoClick = kClickActions[0];
 
 // The current step is the grid's selected step; 0 when none is.
-int CurrentRow(const StepGrid& grid) {
-    for (int row = 1; row <= grid.RowCount(); ++row) {
-        if (grid.Selected(row)) return row;
-    }
-    return 0;
-}
+int CurrentRow(const StepGrid& grid) { return FirstSelectedRow(grid); }
 
 void SelectOnly(StepGrid& grid, int row) {
     for (int other = 1; other <= grid.RowCount(); ++other) {
@@ -43,10 +38,9 @@ void SelectOnly(StepGrid& grid, int row) {
 }
 
 // The left or right variant of an action; other buttons leave the cell as it is.
-void SetButtonAction(App& app, int row, const char* left, const char* right) {
-    int button = app.recorder.downButton;
-    if (button == kLeftButton) app.ui.grid.SetCell(row, kColButton, left);
-    if (button == kRightButton) app.ui.grid.SetCell(row, kColButton, right);
+void SetButtonAction(StepGrid& grid, int row, int button, const char* left, const char* right) {
+    if (button == kLeftButton) grid.SetCell(row, kColButton, left);
+    if (button == kRightButton) grid.SetCell(row, kColButton, right);
 }
 
 void SetPosition(StepGrid& grid, int row, int x, int y) {
@@ -197,7 +191,7 @@ void HandleClick(App& app, int row) {
         app.recorder.dblClickSeen = false;
         return;
     }
-    SetButtonAction(app, row, "Left Click", "Right Click");
+    SetButtonAction(app.ui.grid, row, app.recorder.downButton, "Left Click", "Right Click");
     SelNext(app);
     app.recorder.dblClickSeen = false;
 }
@@ -236,7 +230,7 @@ void RecordMouseDown(App& app, int button, int x, int y) {
     recorder.downX = static_cast<std::int16_t>(x);
     recorder.downY = static_cast<std::int16_t>(y);
     recorder.downButton = static_cast<std::int16_t>(button);
-    SetButtonAction(app, row, "Left Down", "Right Down");
+    SetButtonAction(app.ui.grid, row, button, "Left Down", "Right Down");
 }
 
 void RecordMouseMove(App& app, int x, int y) {
@@ -258,15 +252,14 @@ void RecordMouseUp(App& app, int button, int x, int y) {
     SelNext(app);
     row = CurrentRow(app.ui.grid);
     SetPosition(app.ui.grid, row, x, y);
-    if (button == kLeftButton) app.ui.grid.SetCell(row, kColButton, "Left Up");
-    if (button == kRightButton) app.ui.grid.SetCell(row, kColButton, "Right Up");
+    SetButtonAction(app.ui.grid, row, button, "Left Up", "Right Up");
     SelNext(app);
 }
 
 void RecordDoubleClick(App& app) {
     int row = RecordingRow(app);
     if (row == 0) return;
-    SetButtonAction(app, row, "Left DblClick", "Right DblClick");
+    SetButtonAction(app.ui.grid, row, app.recorder.downButton, "Left DblClick", "Right DblClick");
     SelNext(app);
     app.recorder.dblClickSeen = true;
 }

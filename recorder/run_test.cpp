@@ -1,5 +1,6 @@
 #include "recorder/run_test.h"
 
+#include <cstdlib>
 #include <vector>
 
 #include "core/app.h"
@@ -50,9 +51,7 @@ std::string Repaired(App& app, std::string text) {
                false, false, kRecheckNoticeMs);
     for (const Balance& balance : Unbalanced(text)) {
         char prefix = balance.presses > balance.releases ? '$' : '%';
-        int missing = balance.presses > balance.releases ? balance.presses - balance.releases
-                                                         : balance.releases - balance.presses;
-        for (int i = 0; i < missing; ++i) text += std::string{prefix, balance.letter.letter};
+        for (int i = std::abs(balance.presses - balance.releases); i > 0; --i) text += {prefix, balance.letter.letter};
     }
     return text;
 }

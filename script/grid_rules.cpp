@@ -12,13 +12,6 @@ namespace {
 
 constexpr int kObjectNotSet = 91;
 
-int FirstSelectedRow(const StepGrid& grid) {
-    for (int row = 1; row <= grid.RowCount(); ++row) {
-        if (grid.Selected(row)) return row;
-    }
-    return 0;
-}
-
 // Counts from the first row and stops at two, as the list commands do.
 bool MoreThanOneSelected(const StepGrid& grid) {
     int selected = 0;
@@ -39,6 +32,13 @@ void FillNewStep(StepGrid& grid, int row) {
 }
 
 }  // namespace
+
+int FirstSelectedRow(const StepGrid& grid) {
+    for (int row = 1; row <= grid.RowCount(); ++row) {
+        if (grid.Selected(row)) return row;
+    }
+    return 0;
+}
 
 void LstAddNew(App& app, bool atEnd, bool deselectOthers) {
     Trapped(app, "lstAddNew", [&] {

@@ -1,7 +1,10 @@
 #pragma once
 // Adding and numbering rows of the step grid.
 struct App;
+class StepGrid;
 
+// The first selected row; 0 when none is.
+int FirstSelectedRow(const StepGrid& grid);
 // Adds one new row with the values of a new step (at the end, or before the
 // selected row) and selects it; marked "NEW" while the recorder is idle.
 void LstAddNew(App& app, bool atEnd, bool deselectOthers);
