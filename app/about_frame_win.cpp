@@ -2,7 +2,7 @@
 
 #include "app/layout.h"
 #include "platform/dpi_win.h"
-#include "resource_ids.h"
+#include "core/resource_ids.h"
 
 namespace {
 

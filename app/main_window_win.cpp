@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "app/drawn_buttons_win.h"
-#include "app/resources/resource_ids.h"
+#include "core/resource_ids.h"
 #include "platform/dpi_win.h"
 #include "platform/failure_trace_win.h"
 

@@ -10,6 +10,7 @@
 #include "core/app.h"
 #include "platform/hook_library_win.h"
 #include "platform/platform_win.h"
+#include "recorder/text_input_dialog_win.h"
 #include "script/step_grid.h"
 
 struct WinSystem {
@@ -32,5 +33,6 @@ struct WinViews {
     MainWindow main{list, about};
     MessageBoxesWin boxes;
     FileDialogsWin dialogs;
-    Views views{steps, main, boxes, dialogs, about};
+    TextInputDialogWin textInput;
+    Views views{steps, main, boxes, dialogs, about, textInput};
 };

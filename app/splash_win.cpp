@@ -1,7 +1,7 @@
 #include "app/splash_win.h"
 
 #include "app/layout.h"
-#include "app/resources/resource_ids.h"
+#include "core/resource_ids.h"
 #include "platform/dpi_win.h"
 
 namespace {

@@ -16,7 +16,7 @@ constexpr DWORD kMainWindowClasses = ICC_LISTVIEW_CLASSES | ICC_BAR_CLASSES | IC
 
 void StartupServicesWin::ShowSplash(const std::string& title, const std::string& buildText) {
     splash_.Show(title, buildText);
-    boxes_.SetSplash(splash_.Handle());
+    windows_.boxes.SetSplash(splash_.Handle());
 }
 
 void StartupServicesWin::HideSplash() { splash_.Hide(); }
@@ -27,8 +27,10 @@ void StartupServicesWin::LoadMainWindow() {
     INITCOMMONCONTROLSEX classes{sizeof(INITCOMMONCONTROLSEX), kMainWindowClasses};
     InitCommonControlsEx(&classes);
     if (!main_.Create()) throw std::runtime_error("The main window could not be created");
-    boxes_.SetOwner(main_.Handle());
-    dialogs_.SetOwner(main_.Handle());
+    // Boxes and dialogs opened from now on belong to the main window.
+    windows_.boxes.SetOwner(main_.Handle());
+    windows_.dialogs.SetOwner(main_.Handle());
+    windows_.textInput.SetOwner(main_.Handle());
     SetKeyboardNavigationWindow(main_.Handle());
     CreateMainTimers(app_);
     MainLoad(app_, *this);

@@ -1,17 +1,14 @@
 #pragma once
 // What start-up asks of the Windows layer: the splash window, the creation
 // of the main window (which runs Main_Load) and the calls other parts answer.
-#include "app/file_dialogs_win.h"
-#include "app/main_window_win.h"
-#include "app/message_boxes_win.h"
+#include "app/program_parts_win.h"
 #include "app/splash_win.h"
 #include "app/startup.h"
 #include "core/app.h"
 
 class StartupServicesWin : public StartupServices {
 public:
-    StartupServicesWin(App& app, MainWindow& main, MessageBoxesWin& boxes, FileDialogsWin& dialogs)
-        : app_(app), main_(main), boxes_(boxes), dialogs_(dialogs) {}
+    StartupServicesWin(App& app, WinViews& windows) : app_(app), windows_(windows) {}
 
     void ShowSplash(const std::string& title, const std::string& buildText) override;
     void HideSplash() override;
@@ -27,8 +24,7 @@ public:
 
 private:
     App& app_;
-    MainWindow& main_;
-    MessageBoxesWin& boxes_;
-    FileDialogsWin& dialogs_;
+    WinViews& windows_;
+    MainWindow& main_ = windows_.main;
     SplashWindow splash_;
 };

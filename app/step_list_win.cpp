@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include <windowsx.h>
+
 #include "platform/failure_trace_win.h"
 
 namespace {
@@ -72,6 +74,7 @@ LRESULT CALLBACK StepListWin::ListProc(HWND list, UINT message, WPARAM wParam, L
         self->ApplyPendingChanges();
         return 0;
     }
+    if (message == WM_LBUTTONDOWN || message == WM_RBUTTONDOWN) self->OnPress(lParam);
     WNDPROC original = self->listProc_;
     if (message == WM_NCDESTROY) {
         SetWindowLongPtrW(list, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(original));
@@ -85,6 +88,17 @@ LRESULT CALLBACK StepListWin::ListProc(HWND list, UINT message, WPARAM wParam, L
 }
 
 StepListWin::~StepListWin() { steps_.SetObserver(nullptr); }
+
+void StepListWin::OnPress(LPARAM pointer) {
+    if (!onPress) return;
+    LVHITTESTINFO hit{};
+    hit.pt = {GET_X_LPARAM(pointer), GET_Y_LPARAM(pointer)};
+    SendMessageA(list_, LVM_HITTEST, 0, reinterpret_cast<LPARAM>(&hit));
+    // Full-row selection: any point of a row's line is on the row.
+    int row = hit.iItem >= 0 ? hit.iItem + 1 : 0;
+    int contentX = hit.pt.x + GetScrollPos(list_, SB_HORZ);
+    onPress(PixelsToTwips(contentX, dpi_), row);
+}
 
 bool StepListWin::Create(HWND parent, int id, int dpi, OwnedBitmap background) {
     dpi_ = dpi;
@@ -230,6 +244,7 @@ LRESULT StepListWin::OnNotify(NMHDR& header) {
             hit.pt = reinterpret_cast<NMITEMACTIVATE&>(header).ptAction;
             SendMessageA(list_, LVM_HITTEST, 0, reinterpret_cast<LPARAM>(&hit));
             if (hit.iItem >= 0 && (hit.flags & LVHT_ONITEMSTATEICON)) ToggleCheck(hit.iItem);
+            if (onClick) onClick();
             return 0;
         }
         case LVN_KEYDOWN:

@@ -6,6 +6,7 @@
 // of many thousand rows costs one update, not one per row. What the user does
 // (selecting, ticking a check box, dragging a column edge) goes back into the
 // steps at once.
+#include <functional>
 #include <vector>
 
 #include "app/layout.h"
@@ -40,7 +41,15 @@ public:
     void SelectionChanged(int row) override;
     void ColumnAdded(int column) override;
 
+    // A mouse button went down: the 1-based row under the pointer (0 for
+    // none) and the pointer's place in twips from the first column's left
+    // edge, scrolling included.
+    std::function<void(double xTwips, int row)> onPress;
+    // A left click on the list, after it has selected the row.
+    std::function<void()> onClick;
+
 private:
+    void OnPress(LPARAM pointer);
     static LRESULT CALLBACK ListProc(HWND list, UINT message, WPARAM wParam, LPARAM lParam);
     void ScheduleUpdate();
     void ApplyPendingChanges();

@@ -3,11 +3,11 @@
 #include <map>
 
 #include "app/about_box.h"
-#include "app/enable_controls.h"
 #include "app/save_load_commands.h"
 #include "core/app.h"
 #include "core/error_log.h"
 #include "platform/win_constants.h"
+#include "playback/run_controls.h"
 
 namespace {
 

@@ -12,6 +12,7 @@
 #include "app/toolbar_commands.h"
 #include "core/error_log.h"
 #include "core/settings.h"
+#include "editing/cell_editing.h"
 #include "platform/failure_trace.h"
 #include "platform/message_pump_win.h"
 #include "playback/playback_loop.h"
@@ -26,7 +27,7 @@ struct Program {
     MainWindow& main = windows.main;
     AboutFrameWin& about = windows.about;
     App app{system.platform, windows.views};
-    StartupServicesWin services{app, main, windows.boxes, windows.dialogs};
+    StartupServicesWin services{app, windows};
 
     Program() { Wire(); }
 
@@ -66,6 +67,8 @@ struct Program {
         main.handlers.panelClick = [this](int panel) { StatusPanelClick(app, panel); };
         WireStopKeyPanel();
         main.Toolbar().onClick = [this](const std::string& key) { ToolbarClick(app, key); };
+        windows.list.onPress = [this](double xTwips, int row) { GridMouseDown(app, xTwips, row); };
+        windows.list.onClick = [this] { GridClick(app); };
         main.Receiver().onInput = [this](UINT message, WPARAM wParam, LPARAM lParam) {
             return DeliverRecordedInput(app, message, wParam, lParam);
         };

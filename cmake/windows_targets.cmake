@@ -4,11 +4,13 @@
 enable_language(RC)
 set(KW_STATIC_RUNTIME -static -static-libgcc -static-libstdc++)
 
-# The pictures (program icon, the grid's background) are drawn by a script,
-# so they are data kept in the repository as code, not hand-made files.
+# The pictures (program icon, the grid's background, the window picker) are
+# drawn by a script, so they are data kept in the repository as code, not
+# hand-made files.
 find_package(Python3 REQUIRED COMPONENTS Interpreter)
 set(KW_PICTURES_DIR ${CMAKE_BINARY_DIR}/generated/pictures)
-set(KW_PICTURES ${KW_PICTURES_DIR}/klickwerk.ico ${KW_PICTURES_DIR}/grid_background.bmp)
+set(KW_PICTURES ${KW_PICTURES_DIR}/klickwerk.ico ${KW_PICTURES_DIR}/grid_background.bmp
+    ${KW_PICTURES_DIR}/picker_full.ico ${KW_PICTURES_DIR}/picker_empty.ico)
 add_custom_command(
   OUTPUT ${KW_PICTURES}
   COMMAND ${Python3_EXECUTABLE} ${CMAKE_SOURCE_DIR}/tools/make_pictures.py ${KW_PICTURES_DIR}
@@ -31,7 +33,7 @@ endforeach()
 
 add_executable(Klickwerk WIN32 ${CMAKE_SOURCE_DIR}/app/winmain_win.cpp ${KW_RESOURCE_SCRIPT})
 target_include_directories(kw_app PRIVATE ${CMAKE_SOURCE_DIR}/app/resources)
-set(KW_RESOURCE_INCLUDES ${CMAKE_SOURCE_DIR}/app/resources ${KW_PICTURES_DIR} ${CMAKE_BINARY_DIR}/generated)
+set(KW_RESOURCE_INCLUDES ${CMAKE_SOURCE_DIR} ${CMAKE_SOURCE_DIR}/app/resources ${KW_PICTURES_DIR} ${CMAKE_BINARY_DIR}/generated)
 target_include_directories(Klickwerk PRIVATE ${KW_RESOURCE_INCLUDES})
 target_compile_options(Klickwerk PRIVATE $<$<COMPILE_LANGUAGE:CXX>:${KW_WARNINGS} -Wno-missing-field-initializers>)
 target_link_libraries(Klickwerk PRIVATE kw_app)

@@ -14,6 +14,7 @@
 #include "core/file_dialogs.h"
 #include "core/main_view.h"
 #include "core/message_boxes.h"
+#include "core/text_input_view.h"
 #include "core/vocabulary.h"
 #include "platform/clock.h"
 #include "platform/files.h"
@@ -46,6 +47,7 @@ struct Views {
     MessageBoxes& boxes;
     FileDialogs& dialogs;
     AboutView& about;
+    TextInputView& textInput;
 };
 
 // The settings that live in controls while the program runs (check boxes of
@@ -62,6 +64,14 @@ struct SettingValues {
     int enter4Step = 0;
     int mouseSaver = 0;
     bool recordIntoSelected = false;  // mnuRecSelected marked, else mnuRecBeginning
+};
+
+// The grid cell under edit: rows from 1, columns from 0, -1 when none; the
+// left edge of its column in twips.
+struct CellEdit {
+    int row = -1;
+    int column = -1;
+    double columnLeft = 0;
 };
 
 // What a recording keeps between the receiver's events.
@@ -124,6 +134,7 @@ struct App {
     // while a recording runs.
     std::function<void()> clickRecord;
     RecorderState recorder;
+    CellEdit cellEdit;
     // "InHook.dll" was loaded at start-up; without it the record button stays disabled.
     bool hookLibraryLoaded = false;
     // Main-window commands answered by other parts (settings panel, hints, close).

@@ -10,6 +10,15 @@ const std::array<const char*, 9> kClickActions = {
     "Right Click", "Right DblClick", "Right Down",    "Right Up",
 };
 
+const std::array<WindowCommand, 6> kWindowCommands = {{
+    {"%winfoc", WindowAction::Focus, "Bring window to focus (front)"},
+    {"%winmin", WindowAction::Minimise, "Minimize"},
+    {"%winmax", WindowAction::Maximise, "Maximize"},
+    {"%winrest", WindowAction::Restore, "Restore"},
+    {"%winmov", WindowAction::Move, "Move/Size (see Help file)"},
+    {"%winclose", WindowAction::Close, "Close"},
+}};
+
 namespace {
 
 struct StopKey {

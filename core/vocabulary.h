@@ -1,6 +1,7 @@
 #pragma once
 // The fixed word lists of the program: the grid's columns, click actions,
-// stop-key names and the command letters of keystroke text.
+// stop-key names, the command letters of keystroke text and the window
+// commands.
 #include <array>
 #include <cstdint>
 #include <string>
@@ -34,3 +35,12 @@ struct NamedLetter {
 // The command letters of keys that are pressed and released, with their
 // keys' names, in the order the editor's reference lists them.
 std::vector<NamedLetter> NamedCommandLetters();
+
+enum class WindowAction { Focus, Minimise, Maximise, Restore, Move, Close };
+
+struct WindowCommand {
+    const char* name;  // as typed, "%winfoc"
+    WindowAction action;
+    const char* meaning;  // the editor's reference line after " = "
+};
+extern const std::array<WindowCommand, 6> kWindowCommands;

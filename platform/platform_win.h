@@ -70,6 +70,7 @@ public:
                 unsigned flags) override;
     Rect GetRect(WindowHandle window) override;
     bool Post(WindowHandle window, unsigned message, std::uintptr_t wParam, std::intptr_t lParam) override;
+    std::string TitleAt(Point point) override;
 };
 
 class WinClock : public Clock {

@@ -25,4 +25,7 @@ public:
                         int height, unsigned flags) = 0;
     virtual Rect GetRect(WindowHandle window) = 0;
     virtual bool Post(WindowHandle window, unsigned message, std::uintptr_t wParam, std::intptr_t lParam) = 0;
+    // The title of the window at a screen point (WindowFromPoint): "" when
+    // none is there or it has no title.
+    virtual std::string TitleAt(Point point) = 0;
 };

@@ -28,3 +28,13 @@ bool WinWindows::Post(WindowHandle window, unsigned message, std::uintptr_t wPar
     return PostMessageA(Hwnd(window), message, wParam, lParam) != 0;
 }
 
+std::string WinWindows::TitleAt(Point point) {
+    HWND window = WindowFromPoint(POINT{point.x, point.y});
+    if (!window) return "";
+    int length = GetWindowTextLengthA(window);
+    std::string title(static_cast<std::size_t>(length) + 1, '\0');
+    int copied = GetWindowTextA(window, title.data(), length + 1);
+    title.resize(static_cast<std::size_t>(copied > 0 ? copied : 0));
+    return title;
+}
+

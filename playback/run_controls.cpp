@@ -5,6 +5,26 @@
 #include "core/app.h"
 #include "script/step_grid.h"
 
+namespace {
+
+constexpr Control kAlwaysSwitched[] = {Control::ToolSettings, Control::Start, Control::Stop, Control::Repeat,
+                                       Control::RecOptions};
+constexpr Control kSwitchedWithAll[] = {Control::ToolSave, Control::ToolLoad, Control::ToolAbout,
+                                        Control::ToolHelp, Control::Grid,     Control::StatusBar};
+
+}  // namespace
+
+void EnableControls(App& app, bool enabled, bool all) {
+    for (Control control : kAlwaysSwitched) app.ui.main.SetEnabled(control, enabled);
+    SetRecordEnabled(app, enabled);
+    if (!all) return;
+    for (Control control : kSwitchedWithAll) {
+        // The about box keeps its button disabled until it is hidden again.
+        bool aboutShown = control == Control::ToolAbout && app.ui.about.Visible();
+        app.ui.main.SetEnabled(control, enabled && !aboutShown);
+    }
+}
+
 void SetToolbarEnabled(App& app, bool enabled) {
     for (Control button : {Control::ToolSave, Control::ToolLoad, Control::ToolSettings}) {
         app.ui.main.SetEnabled(button, enabled);

@@ -1,6 +1,12 @@
 #pragma once
-// Locking the main window for a run and the Stop command that unlocks it.
+// Locking the main window's commands while a run, a recording or a dialog
+// is active, and the Stop command that unlocks them.
 struct App;
+
+// Sets the enabled state of the "settings" toolbar button and the play and
+// record buttons; with `all` also of the other toolbar buttons except "exit",
+// the grid and the status bar.
+void EnableControls(App& app, bool enabled, bool all);
 
 // The toolbar's "save", "load" and "settings" commands.
 void SetToolbarEnabled(App& app, bool enabled);

@@ -1,11 +1,13 @@
 #include "playback/window_command.h"
 
+#include <algorithm>
+
 #include "core/app.h"
 #include "core/basic_text.h"
+#include "core/vocabulary.h"
 #include "platform/win_constants.h"
 
 namespace {
-
 
 struct ParsedCommand {
     std::string command;
@@ -53,21 +55,19 @@ void MoveWindow(App& app, WindowHandle window, const ParsedCommand& parsed, int 
 
 void WinCommand(App& app, const std::string& text, int x, int y) {
     ParsedCommand parsed = Parse(text);
+    // Names compare exactly: "%WINMIN" is no command.
+    auto known = std::find_if(kWindowCommands.begin(), kWindowCommands.end(),
+                              [&](const WindowCommand& command) { return parsed.command == command.name; });
+    if (known == kWindowCommands.end()) return;
     WindowHandle window = Target(app, parsed.title);
     if (window == 0) return;
     WindowSystem& windows = app.os.windows;
-    const std::string& command = parsed.command;
-    if (command == "%winfoc") {
-        windows.SetForeground(window);
-    } else if (command == "%winmin") {
-        windows.Show(window, win::kSwMinimize);
-    } else if (command == "%winmax") {
-        windows.Show(window, win::kSwShowMaximized);
-    } else if (command == "%winrest") {
-        windows.Show(window, win::kSwRestore);
-    } else if (command == "%winmov") {
-        MoveWindow(app, window, parsed, x, y);
-    } else if (command == "%winclose") {
-        windows.Post(window, win::kWmClose, 0, 0);
+    switch (known->action) {
+        case WindowAction::Focus: windows.SetForeground(window); break;
+        case WindowAction::Minimise: windows.Show(window, win::kSwMinimize); break;
+        case WindowAction::Maximise: windows.Show(window, win::kSwShowMaximized); break;
+        case WindowAction::Restore: windows.Show(window, win::kSwRestore); break;
+        case WindowAction::Move: MoveWindow(app, window, parsed, x, y); break;
+        case WindowAction::Close: windows.Post(window, win::kWmClose, 0, 0); break;
     }
 }

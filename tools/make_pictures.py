@@ -4,8 +4,11 @@
     make_pictures.py OUTPUT_FOLDER
 
 writes klickwerk.ico (the program icon: 16, 24, 32, 48 and 64 pixels, 32-bit
-with alpha) and grid_background.bmp (the step grid's tiled background, a
-faint pattern of pointer arrows on a near-white ground, 24-bit).
+with alpha), grid_background.bmp (the step grid's tiled background, a
+faint pattern of pointer arrows on a near-white ground, 24-bit), and the
+keystroke-text editor's window picker: picker_full.ico (a window frame holding
+a cross-hair target) and picker_empty.ico (the frame alone, shown while the
+pointer carries the target), at 32, 48 and 64 pixels.
 """
 import os
 import struct
@@ -66,7 +69,24 @@ def icon_pixel(size, px, py):
     return colour + (round(255 * tile),)
 
 
-def icon_image(size):
+def picker_pixel(size, px, py, with_target):
+    """RGBA of one picker pixel: a light window frame, optionally a target."""
+    frame = coverage(size, px, py, lambda x, y: inside_rounded_square(x, y, 0.04, 0.10))
+    if frame == 0:
+        return (0, 0, 0, 0)
+    inner = coverage(size, px, py, lambda x, y: inside_rounded_square(x, y, 0.10, 0.05))
+    colour = blend((70, 78, 96), (246, 248, 252), inner)
+    if with_target:
+        def on_target(x, y):
+            distance = ((x - 0.5) ** 2 + (y - 0.5) ** 2) ** 0.5
+            ring = 0.20 <= distance <= 0.27
+            cross = (abs(x - 0.5) <= 0.035 or abs(y - 0.5) <= 0.035) and distance <= 0.36
+            return ring or cross
+        colour = blend(colour, (200, 40, 40), coverage(size, px, py, on_target))
+    return colour + (round(255 * frame),)
+
+
+def icon_image(size, pixel=icon_pixel):
     """One ICO image entry: BITMAPINFOHEADER, BGRA rows bottom-up, AND mask."""
     rows = []
     mask_rows = []
@@ -75,7 +95,7 @@ def icon_image(size):
         row = bytearray()
         mask = bytearray(mask_stride)
         for px in range(size):
-            r, g, b, a = icon_pixel(size, px, py)
+            r, g, b, a = pixel(size, px, py)
             row += bytes((b, g, r, a))
             if a == 0:
                 mask[px // 8] |= 0x80 >> (px % 8)
@@ -85,8 +105,8 @@ def icon_image(size):
     return header + b"".join(rows) + b"".join(mask_rows)
 
 
-def write_icon(path, sizes):
-    images = [icon_image(size) for size in sizes]
+def write_icon(path, sizes, pixel=icon_pixel):
+    images = [icon_image(size, pixel) for size in sizes]
     data = struct.pack("<HHH", 0, 1, len(images))
     offset = 6 + 16 * len(images)
     for size, image in zip(sizes, images):
@@ -132,6 +152,9 @@ def main():
     os.makedirs(folder, exist_ok=True)
     write_icon(os.path.join(folder, "klickwerk.ico"), [16, 24, 32, 48, 64])
     write_bitmap(os.path.join(folder, "grid_background.bmp"), 96)
+    for name, with_target in (("picker_full.ico", True), ("picker_empty.ico", False)):
+        write_icon(os.path.join(folder, name), [32, 48, 64],
+                   lambda size, px, py, target=with_target: picker_pixel(size, px, py, target))
 
 
 if __name__ == "__main__":

@@ -1,5 +1,5 @@
 #pragma once
-// Stand-ins for the file dialogs and the about frame.
+// Stand-ins for the file dialogs, the about frame and the keystroke-text editor.
 #include <deque>
 #include <functional>
 #include <optional>
@@ -9,6 +9,7 @@
 #include "app/about_box.h"
 #include "core/file_dialogs.h"
 #include "core/runtime_error.h"
+#include "core/text_input_view.h"
 
 // Records every dialog request and answers from a script: each answer is a
 // chosen path, or nothing for Cancel. With no answer left the user cancels.
@@ -66,4 +67,34 @@ public:
     std::string title;
     std::string build;
     std::vector<double> tops;  // every top the frame was moved to
+};
+
+// The keystroke-text editor: `user` plays what the user does while it is open
+// (paste text, press buttons through the events).
+class FakeTextInputView : public TextInputView {
+public:
+    void Run(const std::array<std::string, 3>& labels, const std::string& opened, TextInputEvents& events) override {
+        reference = labels, text = opened, open = true, ++runs;
+        if (user) user(*this, events);
+        open = false;
+    }
+    std::string Text() const override { return text; }
+    void SetText(const std::string& newText) override { text = newText; }
+    void SetPickerShown(bool shown) override { picker = shown; }
+    bool PickerShown() const override { return picker; }
+    void Close() override { closedByProgram = open; }
+
+    // Pastes `pasted` at the end of the text: one change.
+    void Paste(TextInputEvents& events, const std::string& pasted) {
+        text += pasted;
+        events.TextChanged();
+    }
+
+    std::function<void(FakeTextInputView&, TextInputEvents&)> user;
+    std::array<std::string, 3> reference;
+    std::string text;
+    bool picker = false;
+    bool open = false;
+    bool closedByProgram = false;
+    int runs = 0;
 };

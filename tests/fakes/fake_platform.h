@@ -67,8 +67,10 @@ public:
                 unsigned flags) override;
     Rect GetRect(WindowHandle window) override { return rects[window]; }
     bool Post(WindowHandle window, unsigned message, std::uintptr_t wParam, std::intptr_t lParam) override;
+    std::string TitleAt(Point point) override { return titleAt(point); }
 
     std::map<WindowHandle, std::string> titles;
+    std::function<std::string(Point)> titleAt = [](Point) { return std::string(); };
     std::map<WindowHandle, Rect> rects;
     WindowHandle foreground = 0;
     std::vector<std::string> calls;  // "show 7 6", "setpos 7 1 10,20 300x200 0", ...

@@ -48,7 +48,8 @@ public:
     ScriptedBoxes boxes;
     ScriptedDialogs dialogs;
     FakeAboutView about;
+    FakeTextInputView textInput;
     Platform platform{files, ini, registry, shell, input, windows, clock, osInfo, hooks};
-    Views views{grid, main, boxes, dialogs, about};
+    Views views{grid, main, boxes, dialogs, about, textInput};
     App app{platform, views};
 };

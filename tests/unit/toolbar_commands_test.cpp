@@ -5,6 +5,7 @@
 #include "core/runtime_error.h"
 #include "core/status_line.h"
 #include "fakes/test_app.h"
+#include "playback/run_controls.h"
 
 namespace {
 

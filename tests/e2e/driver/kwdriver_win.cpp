@@ -5,11 +5,12 @@
 //     windows                    titled top-level windows and open pop-up menus
 //     window <target>            states, rectangle, client size and screen origin
 //     controls <target>          child windows with class, text and states
-//     grid <target>              the list view's rows: cells and check mark
+//     grid <target>              the list view's rows: cells, their screen
+//                                rectangles and the check mark
 //     status <target>            the status bar's panels: text, screen rectangle
 //     toolbar <target>           the toolbar's buttons: caption, enabled state
 //     toolclick <target> <caption>  presses a toolbar button by its caption
-//     click <target> <button>    presses a push button by its text
+//     click <target> <button>    presses a visible, enabled push button by its text
 //     select <target> [row ...]  selects exactly these grid rows (1-based)
 //     syscommand <target> minimize|restore  what the caption buttons send
 //     redraw <target>            repaints the window and all its children now
@@ -169,10 +170,12 @@ HWND FindTopLevel(const std::string& target) {
 
 // The first descendant of the class whose text, without mnemonics and in any
 // case, is `text`; any text when it is empty.
-HWND FindDescendant(HWND parent, const char* className, const std::string& text = "") {
+// With `usable`, only a visible and enabled control: the one a user could press.
+HWND FindDescendant(HWND parent, const char* className, const std::string& text = "", bool usable = false) {
     for (HWND window : Windows(parent)) {
         if (_stricmp(ClassOf(window).c_str(), className) == 0 &&
-            (text.empty() || _stricmp(WithoutMnemonics(WindowText(window)).c_str(), text.c_str()) == 0)) {
+            (text.empty() || _stricmp(WithoutMnemonics(WindowText(window)).c_str(), text.c_str()) == 0) &&
+            (!usable || (IsWindowVisible(window) && IsWindowEnabled(window)))) {
             return window;
         }
     }
@@ -213,9 +216,10 @@ Result ShowGrid(HWND window, const Args&) {
     if (!ReadGrid(listView, rows)) return Fail(kFailed, "could not read the list view");
     std::vector<std::string> items;
     for (const GridRow& row : rows) {
-        std::vector<std::string> cells;
+        std::vector<std::string> cells, rects;
         for (const std::string& cell : row.cells) cells.push_back(Text(cell));
-        items.push_back(Object({{"cells", List(cells)}, {"checked", Flag(row.checked)}}));
+        for (const RECT& rect : row.rects) rects.push_back(Rect(rect));
+        items.push_back(Object({{"cells", List(cells)}, {"checked", Flag(row.checked)}, {"rects", List(rects)}}));
     }
     return {kOk, List(items)};
 }
@@ -268,7 +272,8 @@ Result ClickToolbarButton(HWND window, const Args& args) {
 }
 
 Result ClickButton(HWND window, const Args& args) {
-    HWND button = args.size() < 3 ? nullptr : FindDescendant(window, "Button", args[2]);
+    // Of buttons with the same text, the one the user can press.
+    HWND button = args.size() < 3 ? nullptr : FindDescendant(window, "Button", args[2], true);
     if (!button) return Fail(kNotFound, "no such button");
     PostClick(GetParent(button), GetDlgCtrlID(button), button);
     return {kOk, Object({{"pressed", Text(args[2])}})};

@@ -9,6 +9,7 @@
 
 struct GridRow {
     std::vector<std::string> cells;  // cell 0 is the item text
+    std::vector<RECT> rects;         // each cell's text area in screen pixels, where a click lands
     bool checked = false;
 };
 

@@ -84,6 +84,18 @@ bool ForEachItem(HWND control, UINT countMessage, Read read) {
     return true;
 }
 
+// The cell's text area in screen pixels (column 0 without its check box).
+bool CellRect(HWND listView, RemoteMemory& memory, int item, int subItem, RECT& rect) {
+    RECT request{LVIR_LABEL, subItem, 0, 0};
+    LRESULT ok = 0;
+    if (!memory.Write(0, &request, sizeof request) || !Send(listView, LVM_GETSUBITEMRECT, item, memory.At(0), ok) ||
+        !ok || !memory.Read(0, &rect, sizeof rect)) {
+        return false;
+    }
+    MapWindowPoints(listView, nullptr, reinterpret_cast<POINT*>(&rect), 2);
+    return true;
+}
+
 }  // namespace
 
 bool ReadGrid(HWND listView, std::vector<GridRow>& rows) {
@@ -94,7 +106,12 @@ bool ReadGrid(HWND listView, std::vector<GridRow>& rows) {
     }
     return ForEachItem(listView, LVM_GETITEMCOUNT, [&](RemoteMemory& memory, int item) {
         GridRow row;
-        for (int column = 0; column < columns; ++column) row.cells.push_back(ItemText(listView, memory, item, column));
+        for (int column = 0; column < columns; ++column) {
+            row.cells.push_back(ItemText(listView, memory, item, column));
+            RECT rect{};
+            if (!CellRect(listView, memory, item, column, rect)) return false;
+            row.rects.push_back(rect);
+        }
         LRESULT state = 0;
         if (!Send(listView, LVM_GETITEMSTATE, item, LVIS_STATEIMAGEMASK, state)) return false;
         row.checked = (state & LVIS_STATEIMAGEMASK) >> 12 == 2;  // image 2 is the ticked box, 1 the empty one
