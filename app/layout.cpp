@@ -15,7 +15,9 @@ constexpr double kGridTopInset = 180;     // room for the frame's top line
 constexpr double kGridLeavesInFrame = 300;
 constexpr double kButtonGapBelowGrid = 60;
 constexpr double kButtonHeight = 400;
-constexpr double kButtonWidth = 1300;
+constexpr double kButtonWidth = 1100;
+// Wide enough for the longest recording caption, "ESCAPE TO STOP".
+constexpr double kRecordWidth = 1900;
 constexpr double kHelpButtonWidth = 360;
 constexpr double kRecOptionsWidth = 300;
 constexpr double kButtonGap = 120;
@@ -48,7 +50,7 @@ MainLayout LayoutMainWindow(PixelSize client, int toolbarHeight, int statusBarHe
     layout.start = {layout.grid.left, layout.grid.Bottom() + px(kButtonGapBelowGrid), px(kButtonWidth),
                     buttonHeight};
     layout.stop = RightOf(layout.start, gap, px(kButtonWidth));
-    layout.record = RightOf(layout.stop, gap, px(kButtonWidth));
+    layout.record = RightOf(layout.stop, gap, px(kRecordWidth));
     layout.recOptions = RightOf(layout.record, 0, px(kRecOptionsWidth));
     layout.repeat = RightOf(layout.recOptions, gap, px(kButtonWidth));
     layout.help = RightOf(layout.repeat, gap, px(kHelpButtonWidth));
