@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "app/drawn_buttons_win.h"
+#include "app/grid_menu_win.h"
 #include "core/resource_ids.h"
 #include "platform/dpi_win.h"
 #include "platform/failure_trace_win.h"
@@ -19,7 +20,6 @@ constexpr double kStartHeightTwips = 6610;
 // Control ids start above IDOK and IDCANCEL, which dialog keys send.
 enum ChildId : int {
     kIdFrame = 100, kIdGrid, kIdStart, kIdStop, kIdRecord, kIdRecOptions, kIdRepeat, kIdHelp, kIdStatusBar,
-    kIdDropButton,
 };
 
 constexpr DWORD kPushButton = WS_CHILD | WS_VISIBLE | WS_TABSTOP | BS_PUSHBUTTON;
@@ -96,7 +96,7 @@ void MainWindow::CreateChildren() {
         GetModuleHandleA(nullptr), MAKEINTRESOURCEA(IDB_GRID_BACKGROUND), IMAGE_BITMAP, 0, 0, LR_CREATEDIBSECTION)));
     grid_.Create(hwnd_, kIdGrid, dpi_, std::move(background));
     for (const Button& button : kButtons) buttons_[button.id] = CreateChild(WC_BUTTONA, button.caption, button.style, button.id);
-    dropButton_ = CreateChild(WC_COMBOBOXA, "", WS_CHILD | WS_VSCROLL | CBS_DROPDOWNLIST, kIdDropButton);
+    cells_.Create(hwnd_, grid_.Handle());
     stopKeyFrame_.Create(hwnd_);
     receiver_.Create(hwnd_);
     statusBar_.Create(hwnd_, kIdStatusBar);
@@ -121,7 +121,8 @@ HWND MainWindow::CreateChild(const char* className, const char* text, DWORD styl
 void MainWindow::ApplyFonts() {
     OwnedFont fresh(CreateMessageFont(dpi_));
     HFONT font = fresh.Get();
-    for (HWND child : {frame_, dropButton_}) SendMessageA(child, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
+    SendMessageA(frame_, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
+    cells_.SetFont(font);
     stopKeyFrame_.SetFont(font);
     for (auto& [id, button] : buttons_) SendMessageA(button, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
     grid_.SetFont(font);
@@ -390,7 +391,7 @@ void MainWindow::Show() {
 }
 
 void MainWindow::FillDropDown(DropDown list, const std::vector<std::string>& entries, const std::string& shown) {
-    HWND combo = list == DropDown::Button ? dropButton_ : stopKeyFrame_.Combo();
+    HWND combo = list == DropDown::Button ? cells_.Combo() : stopKeyFrame_.Combo();
     SendMessageA(combo, CB_RESETCONTENT, 0, 0);
     for (const std::string& entry : entries) SendMessageA(combo, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(entry.c_str()));
     LRESULT index = SendMessageA(combo, CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(shown.c_str()));
@@ -415,3 +416,9 @@ int MainWindow::ChooseRecordMode(bool fromSelected) {
     DestroyMenu(menu);
     return chosen == kFromSelected ? 1 : chosen == kFromBeginning ? 0 : -1;
 }
+
+std::optional<GridCommand> MainWindow::ChooseGridCommand(const GridMenu& menu) {
+    return PopUpGridMenu(hwnd_, grid_.Handle(), menu);
+}
+
+void MainWindow::Beep() { MessageBeep(MB_OK); }

@@ -1,7 +1,7 @@
 #pragma once
 // frmMain: the main window with the toolbar TB, the grid frame fraMain, the
-// step grid, the play and record buttons, the about box, the hidden
-// receiver IHRec and the status bar SB.
+// step grid with its cell editors, the play and record buttons, the about
+// box, the hidden receiver IHRec and the status bar SB.
 // It renders what the behaviour says (MainView) and hands the user's
 // commands, its timers' ticks and its close to the handlers the wiring sets.
 #include <array>
@@ -10,6 +10,7 @@
 #include <string>
 
 #include "app/about_frame_win.h"
+#include "app/cell_editors_win.h"
 #include "app/layout.h"
 #include "app/receiver_window_win.h"
 #include "app/status_bar_win.h"
@@ -38,7 +39,8 @@ struct MainWindowHandlers {
 
 class MainWindow : public BaseWindow<MainWindow>, public MainView {
 public:
-    MainWindow(StepListWin& grid, AboutFrameWin& about) : grid_(grid), about_(about) {}
+    MainWindow(StepListWin& grid, AboutFrameWin& about, CellEditorsWin& cells)
+        : grid_(grid), about_(about), cells_(cells) {}
     ~MainWindow() override;
 
     // Creates the window hidden, centred on the screen, with all its controls.
@@ -75,6 +77,8 @@ public:
     WindowHandle ReceiverHandle() const override;
     void SetGridMultiSelect(bool multiple) override;
     int ChooseRecordMode(bool fromSelected) override;
+    std::optional<GridCommand> ChooseGridCommand(const GridMenu& menu) override;
+    void Beep() override;
 
     LRESULT HandleMessage(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam);
 
@@ -99,6 +103,7 @@ private:
 
     StepListWin& grid_;
     AboutFrameWin& about_;
+    CellEditorsWin& cells_;  // txtCell and cmbDrop
     ToolbarWin toolbar_;
     StatusBarWin statusBar_;
     ReceiverWindow receiver_;
@@ -106,7 +111,6 @@ private:
     std::array<bool, kTimerCount> timerRunning_{};
     std::map<int, HWND> buttons_;  // by control id
     HWND frame_ = nullptr;
-    HWND dropButton_ = nullptr;    // cmbDrop
     StopKeyFrameWin stopKeyFrame_;  // fraStopKey with cmbStopKeys
     OwnedFont font_;
     int dpi_ = 96;

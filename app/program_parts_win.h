@@ -30,9 +30,10 @@ struct WinViews {
     StepGrid steps;
     StepListWin list{steps};
     AboutFrameWin about;
-    MainWindow main{list, about};
+    CellEditorsWin cells;
+    MainWindow main{list, about, cells};
     MessageBoxesWin boxes;
     FileDialogsWin dialogs;
     TextInputDialogWin textInput;
-    Views views{steps, main, boxes, dialogs, about, textInput};
+    Views views{steps, main, boxes, dialogs, about, textInput, cells};
 };

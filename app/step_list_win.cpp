@@ -89,15 +89,19 @@ LRESULT CALLBACK StepListWin::ListProc(HWND list, UINT message, WPARAM wParam, L
 
 StepListWin::~StepListWin() { steps_.SetObserver(nullptr); }
 
-void StepListWin::OnPress(LPARAM pointer) {
-    if (!onPress) return;
+int StepListWin::RowAt(POINT point) const {
     LVHITTESTINFO hit{};
-    hit.pt = {GET_X_LPARAM(pointer), GET_Y_LPARAM(pointer)};
+    hit.pt = point;
     SendMessageA(list_, LVM_HITTEST, 0, reinterpret_cast<LPARAM>(&hit));
     // Full-row selection: any point of a row's line is on the row.
-    int row = hit.iItem >= 0 ? hit.iItem + 1 : 0;
-    int contentX = hit.pt.x + GetScrollPos(list_, SB_HORZ);
-    onPress(PixelsToTwips(contentX, dpi_), row);
+    return hit.iItem >= 0 ? hit.iItem + 1 : 0;
+}
+
+void StepListWin::OnPress(LPARAM pointer) {
+    if (!onPress) return;
+    POINT point{GET_X_LPARAM(pointer), GET_Y_LPARAM(pointer)};
+    int contentX = point.x + GetScrollPos(list_, SB_HORZ);
+    onPress(PixelsToTwips(contentX, dpi_), RowAt(point));
 }
 
 bool StepListWin::Create(HWND parent, int id, int dpi, OwnedBitmap background) {
@@ -247,11 +251,20 @@ LRESULT StepListWin::OnNotify(NMHDR& header) {
             if (onClick) onClick();
             return 0;
         }
-        case LVN_KEYDOWN:
-            if (reinterpret_cast<NMLVKEYDOWN&>(header).wVKey == VK_SPACE) {
+        case NM_RCLICK:
+            // The click of the right button comes after its menu, as a left one would.
+            if (onRightClick) onRightClick(RowAt(reinterpret_cast<NMITEMACTIVATE&>(header).ptAction));
+            if (onClick) onClick();
+            return 0;
+        case LVN_KEYDOWN: {
+            WORD key = reinterpret_cast<NMLVKEYDOWN&>(header).wVKey;
+            if (key == VK_SPACE) {
                 ToggleCheck(static_cast<int>(SendMessageA(list_, LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_FOCUSED)));
+            } else if (onKey) {
+                onKey(key);
             }
             return 0;
+        }
         default: return 0;
     }
 }

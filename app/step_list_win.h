@@ -47,9 +47,15 @@ public:
     std::function<void(double xTwips, int row)> onPress;
     // A left click on the list, after it has selected the row.
     std::function<void()> onClick;
+    // The right button went up over the list: the 1-based row under the
+    // pointer, 0 for none.
+    std::function<void(int row)> onRightClick;
+    // A key pressed in the list (Space, which ticks the row, aside).
+    std::function<void(int keyCode)> onKey;
 
 private:
     void OnPress(LPARAM pointer);
+    int RowAt(POINT point) const;
     static LRESULT CALLBACK ListProc(HWND list, UINT message, WPARAM wParam, LPARAM lParam);
     void ScheduleUpdate();
     void ApplyPendingChanges();

@@ -2,6 +2,8 @@
 
 #include <commctrl.h>
 
+#include "platform/control_text_win.h"
+
 namespace {
 
 constexpr const char* kClassName = "KlickwerkStopKeyFrame";
@@ -73,16 +75,7 @@ void StopKeyFrameWin::SetVisible(bool visible) {
 
 bool StopKeyFrameWin::Visible() const { return IsWindowVisible(hwnd_) != FALSE; }
 
-std::string StopKeyFrameWin::ChosenName() const {
-    LRESULT index = SendMessageA(combo_, CB_GETCURSEL, 0, 0);
-    if (index == CB_ERR) return "";
-    LRESULT length = SendMessageA(combo_, CB_GETLBTEXTLEN, static_cast<WPARAM>(index), 0);
-    if (length == CB_ERR) return "";
-    std::string name(static_cast<std::size_t>(length) + 1, '\0');
-    SendMessageA(combo_, CB_GETLBTEXT, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(name.data()));
-    name.resize(static_cast<std::size_t>(length));
-    return name;
-}
+std::string StopKeyFrameWin::ChosenName() const { return ComboChoice(combo_); }
 
 bool StopKeyFrameWin::OnComboKey(int keyCode) {
     if (!onListKey) return false;

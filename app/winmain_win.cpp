@@ -13,6 +13,7 @@
 #include "core/error_log.h"
 #include "core/settings.h"
 #include "editing/cell_editing.h"
+#include "editing/list_commands.h"
 #include "platform/failure_trace.h"
 #include "platform/message_pump_win.h"
 #include "playback/playback_loop.h"
@@ -51,6 +52,19 @@ struct Program {
         panel.onListKey = [this](int key, const std::string& name) { return OnStopKeyListKey(app, key, name); };
     }
 
+    void WireCellEditors() {
+        CellEditorsWin& cells = windows.cells;
+        cells.onKey = [this](CellEditor editor, int key) {
+            return editor == CellEditor::Text ? CellTextKey(app, key) : DropDownKey(app, key);
+        };
+        cells.onChange = [this](CellEditor editor) {
+            editor == CellEditor::Text ? CellTextChanged(app) : DropDownSelected(app);
+        };
+        cells.onFocusLost = [this](CellEditor editor) {
+            editor == CellEditor::Text ? CellTextFocusLost(app) : DropDownFocusLost(app);
+        };
+    }
+
     // A run in progress when the window closes ends with it.
     bool Close() {
         if (!CloseMainWindow(app, services)) return false;
@@ -69,6 +83,9 @@ struct Program {
         main.Toolbar().onClick = [this](const std::string& key) { ToolbarClick(app, key); };
         windows.list.onPress = [this](double xTwips, int row) { GridMouseDown(app, xTwips, row); };
         windows.list.onClick = [this] { GridClick(app); };
+        windows.list.onRightClick = [this](int row) { OpenGridMenu(app, row); };
+        windows.list.onKey = [this](int key) { GridKey(app, key); };
+        WireCellEditors();
         main.Receiver().onInput = [this](UINT message, WPARAM wParam, LPARAM lParam) {
             return DeliverRecordedInput(app, message, wParam, lParam);
         };

@@ -10,6 +10,7 @@
 #include <string>
 
 #include "core/about_view.h"
+#include "core/cell_editor_view.h"
 #include "core/command_seams.h"
 #include "core/file_dialogs.h"
 #include "core/main_view.h"
@@ -48,6 +49,7 @@ struct Views {
     FileDialogs& dialogs;
     AboutView& about;
     TextInputView& textInput;
+    CellEditorView& cells;
 };
 
 // The settings that live in controls while the program runs (check boxes of
@@ -72,6 +74,9 @@ struct CellEdit {
     int row = -1;
     int column = -1;
     double columnLeft = 0;
+    bool textCancelled = false;     // Esc in txtCell: its focus loss commits nothing
+    bool dropDownFilling = false;   // cmbDrop's selection while it opens commits nothing
+    bool contextMenuShown = false;  // the grid's next click opens no editor
 };
 
 // What a recording keeps between the receiver's events.

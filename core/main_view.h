@@ -1,6 +1,7 @@
 #pragma once
 // The main window as the behaviour sees it: status-bar panels, the enabled
 // state of its commands, captions, timers and window state.
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -19,6 +20,20 @@ enum class Frame { Main, About, StopKey, Steps, Hint };
 
 // cmbDrop (the Button column's editor) and cmbStopKeys.
 enum class DropDown { Button, StopKeys };
+
+// The entries of the grid's context menu mnulstMain.
+enum class GridCommand {
+    AddNew, InsertStep, RemoveStep, CheckAll, UncheckAll, InvertChecked, SelectAll, InvertSelection,
+    MakeSame, ClearList, ChangeSteps,
+};
+
+// What mnulstMain offers for the place it opens at.
+struct GridMenu {
+    bool insertEnabled = true;
+    bool removeEnabled = true;
+    bool makeSameEnabled = true;
+    std::string removeCaption;  // "Remove Step #3", "Remove Steps", "Remove Step(s)"
+};
 
 class MainView {
 public:
@@ -57,4 +72,8 @@ public:
     // mnuRecSelected or mnuRecBeginning; returns the entry chosen: 1
     // mnuRecSelected, 0 mnuRecBeginning, -1 none.
     virtual int ChooseRecordMode(bool fromSelected) = 0;
+    // Pops mnulstMain up at the pointer; returns the entry chosen, if any.
+    virtual std::optional<GridCommand> ChooseGridCommand(const GridMenu& menu) = 0;
+    // The system's default sound, with which a refused entry is answered.
+    virtual void Beep() = 0;
 };

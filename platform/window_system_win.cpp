@@ -1,5 +1,7 @@
 #include "platform/platform_win.h"
 
+#include "platform/control_text_win.h"
+
 namespace {
 HWND Hwnd(WindowHandle window) { return reinterpret_cast<HWND>(window); }
 WindowHandle Handle(HWND window) { return reinterpret_cast<WindowHandle>(window); }
@@ -31,10 +33,6 @@ bool WinWindows::Post(WindowHandle window, unsigned message, std::uintptr_t wPar
 std::string WinWindows::TitleAt(Point point) {
     HWND window = WindowFromPoint(POINT{point.x, point.y});
     if (!window) return "";
-    int length = GetWindowTextLengthA(window);
-    std::string title(static_cast<std::size_t>(length) + 1, '\0');
-    int copied = GetWindowTextA(window, title.data(), length + 1);
-    title.resize(static_cast<std::size_t>(copied > 0 ? copied : 0));
-    return title;
+    return WindowTextOf(window);
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/resource_ids.h"
+#include "platform/control_text_win.h"
 #include "platform/dpi_win.h"
 #include "platform/twips.h"
 
@@ -49,13 +50,11 @@ HICON LoadPickerIcon(int id, int size) {
 
 // The pixels a label needs to show its text in `font`.
 SIZE TextExtent(HWND label, HFONT font) {
-    int length = GetWindowTextLengthA(label);
-    std::string text(static_cast<std::size_t>(length) + 1, '\0');
-    GetWindowTextA(label, text.data(), length + 1);
+    std::string text = WindowTextOf(label);
     HDC dc = GetDC(label);
     HGDIOBJ previous = SelectObject(dc, font);
     RECT rect{};
-    DrawTextA(dc, text.c_str(), length, &rect, DT_CALCRECT | DT_NOPREFIX | DT_LEFT);
+    DrawTextA(dc, text.c_str(), static_cast<int>(text.size()), &rect, DT_CALCRECT | DT_NOPREFIX | DT_LEFT);
     SelectObject(dc, previous);
     ReleaseDC(label, dc);
     return {rect.right - rect.left, rect.bottom - rect.top};
@@ -254,13 +253,7 @@ void TextInputDialogWin::RunModalLoop() {
     }
 }
 
-std::string TextInputDialogWin::Text() const {
-    int length = GetWindowTextLengthA(text_);
-    std::string text(static_cast<std::size_t>(length) + 1, '\0');
-    int copied = GetWindowTextA(text_, text.data(), length + 1);
-    text.resize(static_cast<std::size_t>(std::max(copied, 0)));
-    return text;
-}
+std::string TextInputDialogWin::Text() const { return WindowTextOf(text_); }
 
 void TextInputDialogWin::SetText(const std::string& text) {
     SetWindowTextA(text_, text.c_str());

@@ -12,15 +12,6 @@ namespace {
 
 constexpr int kObjectNotSet = 91;
 
-// Counts from the first row and stops at two, as the list commands do.
-bool MoreThanOneSelected(const StepGrid& grid) {
-    int selected = 0;
-    for (int row = 1; row <= grid.RowCount() && selected < 2; ++row) {
-        if (grid.Selected(row)) ++selected;
-    }
-    return selected >= 2;
-}
-
 void FillNewStep(StepGrid& grid, int row) {
     grid.SetCell(row, kColNumber, std::to_string(row));
     grid.SetCell(row, kColX, "-1");
@@ -32,6 +23,14 @@ void FillNewStep(StepGrid& grid, int row) {
 }
 
 }  // namespace
+
+bool MoreThanOneSelected(const StepGrid& grid) {
+    int selected = 0;
+    for (int row = 1; row <= grid.RowCount() && selected < 2; ++row) {
+        if (grid.Selected(row)) ++selected;
+    }
+    return selected >= 2;
+}
 
 int FirstSelectedRow(const StepGrid& grid) {
     for (int row = 1; row <= grid.RowCount(); ++row) {

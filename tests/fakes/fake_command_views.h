@@ -1,12 +1,15 @@
 #pragma once
-// Stand-ins for the file dialogs, the about frame and the keystroke-text editor.
+// Stand-ins for the file dialogs, the about frame, the keystroke-text editor
+// and the grid's cell editors.
 #include <deque>
 #include <functional>
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "app/about_box.h"
+#include "core/cell_editor_view.h"
 #include "core/file_dialogs.h"
 #include "core/runtime_error.h"
 #include "core/text_input_view.h"
@@ -97,4 +100,25 @@ public:
     bool open = false;
     bool closedByProgram = false;
     int runs = 0;
+};
+
+// txtCell and cmbDrop: the user's typing is SetText; the view remembers
+// where each editor was opened.
+class FakeCellEditors : public CellEditorView {
+public:
+    void Open(CellEditor editor, int row, int column, const std::string& text) override {
+        slots[editor] = {true, text, row, column};
+    }
+    void Hide(CellEditor editor) override { slots[editor].visible = false; }
+    bool Visible(CellEditor editor) const override { return slots.count(editor) && slots.at(editor).visible; }
+    std::string Text(CellEditor editor) const override { return slots.count(editor) ? slots.at(editor).text : ""; }
+    void SetText(const std::string& text, bool) override { slots[CellEditor::Text].text = text; }
+
+    struct Slot {
+        bool visible = false;
+        std::string text;
+        int row = 0;
+        int column = 0;
+    };
+    std::map<CellEditor, Slot> slots;
 };

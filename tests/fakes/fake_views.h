@@ -60,6 +60,11 @@ public:
         recordModeShown.push_back(fromSelected);
         return recordModeChoice;
     }
+    std::optional<GridCommand> ChooseGridCommand(const GridMenu& menu) override {
+        gridMenus.push_back(menu);
+        return gridCommand;
+    }
+    void Beep() override { ++beeps; }
 
     // Fires the enabled timers that are due at `nowMs`, earliest first;
     // returns the time of the next due timer after that (or a huge value).
@@ -87,6 +92,9 @@ public:
     bool gridMultiSelect = true;
     int recordModeChoice = -1;              // the entry the user picks from mnuRecMain
     std::vector<bool> recordModeShown;      // the check mark's entry at each pop-up
+    std::optional<GridCommand> gridCommand;  // the entry the user picks from mnulstMain
+    std::vector<GridMenu> gridMenus;         // mnulstMain as it was offered, at each pop-up
+    int beeps = 0;
     struct DropDownContent {
         std::vector<std::string> entries;
         std::string shown;

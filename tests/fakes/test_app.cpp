@@ -41,6 +41,11 @@ void TestApp::WriteFile(const std::string& name, const std::string& data) const 
     std::ofstream(NativePath(name), std::ios::binary) << data;
 }
 
+void TestApp::AddColumns() {
+    const double widths[kColumnCount] = {800, 600, 600, 1500, 1125, 700, 700, 800};
+    for (int column = 0; column < kColumnCount; ++column) grid.AddColumn(kColumnHeaders[column], widths[column], true);
+}
+
 void AppendStep(StepGrid& grid, const std::array<std::string, kColumnCount>& cells, bool checked) {
     int row = grid.RowCount() + 1;
     grid.InsertRow(row);

@@ -32,6 +32,9 @@ public:
     void AddStep(const std::array<std::string, kColumnCount>& cells, bool checked = true) {
         AppendStep(grid, cells, checked);
     }
+    // The grid's eight columns at their first-run widths: 800, 600, 600, 1500,
+    // 1125, 700, 700 and 800 twips ("Additional" spans 3500 to 4625).
+    void AddColumns();
 
     std::filesystem::path folder;
     StdFiles files;
@@ -49,7 +52,8 @@ public:
     ScriptedDialogs dialogs;
     FakeAboutView about;
     FakeTextInputView textInput;
+    FakeCellEditors cells;
     Platform platform{files, ini, registry, shell, input, windows, clock, osInfo, hooks};
-    Views views{grid, main, boxes, dialogs, about, textInput};
+    Views views{grid, main, boxes, dialogs, about, textInput, cells};
     App app{platform, views};
 };

@@ -4,75 +4,29 @@
 #include <vector>
 
 #include "core/vocabulary.h"
-#include "editing/cell_editing.h"
 #include "fakes/test_app.h"
 #include "recorder/text_input.h"
 
 namespace {
 
-// A grid of two steps with the default column widths (800, 600, 600, 1500,
-// 1125, 700, 700, 800 twips), the second selected, as the user sees it.
+// Step 2 holds "%sa", unchecked and marked "NEW".
 class TextInputEditing : public ::testing::Test {
 protected:
     TextInputEditing() {
-        const double widths[kColumnCount] = {800, 600, 600, 1500, 1125, 700, 700, 800};
-        for (int column = 0; column < kColumnCount; ++column) t.grid.AddColumn(kColumnHeaders[column], widths[column], true);
         t.AddStep({"1", "10", "20", "No Click", "first", "0", "1", "0"});
         t.AddStep({"2", "30", "40", "Left Click", "%sa", "0", "1", "0"}, false);
         t.grid.SetMark(2, "NEW");
-        t.grid.SetSelected(2, true);
-        t.main.SetFrameVisible(Frame::Main, true);
-    }
-
-    // The user clicks the grid at `xTwips` on `row`.
-    void ClickCell(double xTwips, int row) {
-        GridMouseDown(t.app, xTwips, row);
-        GridClick(t.app);
     }
 
     TestApp t;
 };
 
-TEST_F(TextInputEditing, OnlyAClickOnAnAdditionalCellOpensTheEditor) {
-    // Where the pointer goes down, and whether the editor opens.
-    const std::tuple<double, int, bool> cases[] = {
-        {4000, 2, true},    // the middle of "Additional"
-        {4000, 0, false},   // below the last row
-        {400, 2, false},    // "#"
-        {3500, 2, false},   // the border with "Button" belongs to "Button"
-        {3501, 2, true},
-        {4625, 2, true},    // the border with "Mins" belongs to "Additional"
-        {4626, 2, false},
-        {9000, 2, false},   // right of the last column: the previous cell stays
-    };
-    for (const auto& [x, row, opens] : cases) {
-        int before = t.textInput.runs;
-        GridMouseDown(t.app, 400, 2);  // the previous press was on "#"
-        ClickCell(x, row);
-        EXPECT_EQ(t.textInput.runs - before, opens ? 1 : 0) << x << " on row " << row;
-    }
-    EXPECT_EQ(t.app.cellEdit.row, -1);
-}
-
-TEST_F(TextInputEditing, AnEmptyGridSaysSoAndAHiddenGridOrNoSelectionOpensNothing) {
-    t.grid.SetSelected(2, false);
-    ClickCell(4000, 1);
-    t.grid.SetSelected(1, true);
-    t.main.SetFrameVisible(Frame::Main, false);
-    ClickCell(4000, 1);
-    EXPECT_EQ(t.textInput.runs, 0);
-    t.grid.Clear();
-    ClickCell(4000, 1);
-    EXPECT_EQ(t.main.PanelText(1), "List is empty.");
-    EXPECT_EQ(t.textInput.runs, 0);
-}
-
-TEST_F(TextInputEditing, OpensWithTheSelectedStepsTextAndTheReferenceAndLocksTheWindowMeanwhile) {
+TEST_F(TextInputEditing, OpensWithTheStepsTextAndTheReferenceAndLocksTheWindowMeanwhile) {
     bool startEnabledWhileOpen = true;
     t.textInput.user = [&](FakeTextInputView&, TextInputEvents&) {
         startEnabledWhileOpen = t.main.IsEnabled(Control::Start);
     };
-    ClickCell(4000, 2);
+    EditKeystrokeText(t.app, 2);
     EXPECT_EQ(t.textInput.text, "%sa");
     EXPECT_FALSE(startEnabledWhileOpen);
     EXPECT_TRUE(t.main.IsEnabled(Control::Start));
@@ -92,7 +46,7 @@ TEST_F(TextInputEditing, OpensWithTheSelectedStepsTextAndTheReferenceAndLocksThe
 TEST_F(TextInputEditing, ConfirmingChecksTheTextWritesTheStepAndSavesTheWorkingCopy) {
     t.boxes.answers = {BoxAnswer::Yes};
     t.textInput.user = [](FakeTextInputView&, TextInputEvents& events) { events.Confirm(); };
-    ClickCell(4000, 2);
+    EditKeystrokeText(t.app, 2);
     EXPECT_TRUE(t.textInput.closedByProgram);
     EXPECT_EQ(t.grid.Cell(2, kColAdditional), "%sa$s");
     EXPECT_EQ(t.grid.Mark(2), "");
@@ -105,7 +59,7 @@ TEST_F(TextInputEditing, CancellingChangesNothing) {
         view.Paste(events, "b");
         events.Cancel();
     };
-    ClickCell(4000, 2);
+    EditKeystrokeText(t.app, 2);
     EXPECT_EQ(t.grid.Cell(2, kColAdditional), "%sa");
     EXPECT_EQ(t.grid.Mark(2), "NEW");
     EXPECT_FALSE(t.grid.Checked(2));
