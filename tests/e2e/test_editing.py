@@ -60,6 +60,8 @@ class EditingTest(WineTestCase):
                     self.type_into_cell(text)
                     if message and text == "{Enter}":
                         wait_until(lambda: self.panels()[0] == message, 20, repr(message))
+                        if column == SECS and inputs[0] == "abc":
+                            self.assertEqual("-1", self.cell_editor()["text"])
                 if column == REPEAT:  # refused and corrected: Enter again stores it
                     self.assertEqual("5", self.cell_editor()["text"])
                     self.type_into_cell("{Enter}")
@@ -123,6 +125,17 @@ class EditingTest(WineTestCase):
         self.open_menu_and_choose(3, X, "r")  # Remove Steps
         self.wait_for_grid_rows(3)
         self.assertEqual([["1", "10"], ["2", "90"], ["3", "-1"]], [row["cells"][:2] for row in self.grid()])
+
+        # F2 edits the selected step's X; Delete removes the selected steps.
+        self.driver("select", self.main["target"], "2")
+        self.focus(self.main["text"])
+        self.xdotool("key", "F2")
+        editor = wait_until(self.cell_editor, 20, "the editor of X")
+        self.assertEqual(("Edit", "90"), (editor["class"], editor["text"]))
+        self.xdotool("key", "Escape")
+        wait_until(lambda: self.cell_editor() is None, 20, "the editor to close")
+        self.xdotool("key", "Delete")
+        self.wait_for_grid_rows(2)
 
         self.driver("select", self.main["target"], "1")
         self.open_menu_and_choose(1, 0, "m")  # Make same on "#": the checked state of row 1
