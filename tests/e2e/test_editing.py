@@ -98,7 +98,9 @@ class EditingTest(WineTestCase):
         self.assert_no_errors_logged()
 
     def open_menu_and_choose(self, row, column, key, screenshot=None):
-        """Right-clicks the cell (row 0: below the rows) and picks the entry by its access key."""
+        """Right-clicks the cell (row 0: below the rows) and picks the entry by
+        its access key; a greyed entry's key does nothing, and Escape then
+        closes the menu."""
         if row:
             self.click_cell(row, column, button="3")
         else:
@@ -109,13 +111,18 @@ class EditingTest(WineTestCase):
         if screenshot:
             self.settled_screenshot(screenshot)
         self.xdotool("key", key)
+        if any(w["class"] == "#32768" and w["visible"] for w in self.driver("windows")):
+            self.xdotool("key", "Escape")
 
     def test_the_context_menu_changes_the_list(self):
         self.open_program(working_copy=script_lines(STEPS))
-        self.open_menu_and_choose(3, X, "Escape", screenshot="menu-row-3")
+        # Wine does not let another process read a menu's entries: the
+        # screenshots show the captions, and greyed entries do nothing.
+        self.open_menu_and_choose(3, X, "Escape", "menu-row-3")
         self.driver("select", self.main["target"], "2", "3")
-        self.open_menu_and_choose(3, X, "Escape", screenshot="menu-two-selected")
-        self.open_menu_and_choose(0, X, "Escape", screenshot="menu-below-rows")
+        self.open_menu_and_choose(3, X, "i", "menu-two-selected")  # Insert Step is greyed
+        self.open_menu_and_choose(0, X, "r", "menu-below-rows")  # so is Remove Step(s)
+        self.assertEqual(5, len(self.grid()))
         self.open_menu_and_choose(0, X, "a")  # below the rows: Add New Step
         self.wait_for_grid_rows(6)
         self.assertEqual(["6", "-1", "-1", "No Click", "", "0", "0", "0"], self.grid()[5]["cells"])
