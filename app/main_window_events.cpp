@@ -23,5 +23,5 @@ void StatusPanelClick(App& app, int panel) {
 }
 
 void MainWindowResized(App& app) {
-    if (app.ui.main.FrameVisible(Frame::Hint)) RunSeam(app.seams.centreHint);
+    if (app.ui.hint.Visible()) app.ui.hint.Centre();
 }

@@ -8,8 +8,10 @@
 
 #include "app/drawn_buttons_win.h"
 #include "app/grid_menu_win.h"
+#include "app/toolbar_commands.h"
 #include "core/resource_ids.h"
 #include "platform/dpi_win.h"
+#include "platform/control_text_win.h"
 #include "platform/failure_trace_win.h"
 
 namespace {
@@ -21,6 +23,9 @@ constexpr double kStartHeightTwips = 6610;
 enum ChildId : int {
     kIdFrame = 100, kIdGrid, kIdStart, kIdStop, kIdRecord, kIdRecOptions, kIdRepeat, kIdHelp, kIdStatusBar,
 };
+
+// mnuRecMain: mnuRecBeginning and mnuRecSelected.
+constexpr const char* kRecordModeCaptions[] = {"Record from the beginning", "Record from the selected step"};
 
 constexpr DWORD kPushButton = WS_CHILD | WS_VISIBLE | WS_TABSTOP | BS_PUSHBUTTON;
 constexpr DWORD kDrawnButton = WS_CHILD | WS_VISIBLE | WS_TABSTOP | BS_OWNERDRAW;
@@ -101,6 +106,7 @@ void MainWindow::CreateChildren() {
     receiver_.Create(hwnd_);
     statusBar_.Create(hwnd_, kIdStatusBar);
     about_.Create(hwnd_);
+    hint_.Create(hwnd_);
 }
 
 // Every child clips its siblings, so the about box slides over the others
@@ -129,6 +135,7 @@ void MainWindow::ApplyFonts() {
     statusBar_.SetFont(font);
     toolbar_.OnDpiChanged(dpi_, font);
     about_.OnDpiChanged(dpi_, font);
+    hint_.OnDpiChanged(dpi_, font);
     // The old font goes only now that no control uses it.
     font_ = std::move(fresh);
 }
@@ -406,8 +413,8 @@ void MainWindow::SetGridMultiSelect(bool multiple) { grid_.SetMultiSelect(multip
 int MainWindow::ChooseRecordMode(bool fromSelected) {
     enum : UINT { kFromBeginning = 1, kFromSelected = 2 };
     HMENU menu = CreatePopupMenu();
-    AppendMenuA(menu, MF_STRING | (fromSelected ? 0 : MF_CHECKED), kFromBeginning, "Record from the beginning");
-    AppendMenuA(menu, MF_STRING | (fromSelected ? MF_CHECKED : 0), kFromSelected, "Record from the selected step");
+    AppendMenuA(menu, MF_STRING | (fromSelected ? 0 : MF_CHECKED), kFromBeginning, kRecordModeCaptions[0]);
+    AppendMenuA(menu, MF_STRING | (fromSelected ? MF_CHECKED : 0), kFromSelected, kRecordModeCaptions[1]);
     RECT button{};
     GetWindowRect(ControlWindow(Control::RecOptions), &button);
     UINT chosen = static_cast<UINT>(
@@ -422,3 +429,20 @@ std::optional<GridCommand> MainWindow::ChooseGridCommand(const GridMenu& menu) {
 }
 
 void MainWindow::Beep() { MessageBeep(MB_OK); }
+
+std::string MainWindow::Caption(Control control) const {
+    for (const ToolbarButton& button : kToolbarButtons) {
+        if (button.control == control) return button.caption;
+    }
+    return WindowTextOf(ControlWindow(control));
+}
+
+std::string MainWindow::MenuCaption(MenuEntry entry) const {
+    switch (entry) {
+        case MenuEntry::RecordFromBeginning: return kRecordModeCaptions[0];
+        case MenuEntry::RecordFromSelected: return kRecordModeCaptions[1];
+        case MenuEntry::ViewHints: return kHelpMenu[0].caption;
+        case MenuEntry::ViewHelpFile: return kHelpMenu[1].caption;
+    }
+    return "";
+}

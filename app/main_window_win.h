@@ -1,7 +1,7 @@
 #pragma once
 // frmMain: the main window with the toolbar TB, the grid frame fraMain, the
 // step grid with its cell editors, the play and record buttons, the about
-// box, the hidden receiver IHRec and the status bar SB.
+// box, the hint panel, the hidden receiver IHRec and the status bar SB.
 // It renders what the behaviour says (MainView) and hands the user's
 // commands, its timers' ticks and its close to the handlers the wiring sets.
 #include <array>
@@ -11,6 +11,7 @@
 
 #include "app/about_frame_win.h"
 #include "app/cell_editors_win.h"
+#include "app/hint_frame_win.h"
 #include "app/layout.h"
 #include "app/receiver_window_win.h"
 #include "app/status_bar_win.h"
@@ -39,8 +40,8 @@ struct MainWindowHandlers {
 
 class MainWindow : public BaseWindow<MainWindow>, public MainView {
 public:
-    MainWindow(StepListWin& grid, AboutFrameWin& about, CellEditorsWin& cells)
-        : grid_(grid), about_(about), cells_(cells) {}
+    MainWindow(StepListWin& grid, AboutFrameWin& about, CellEditorsWin& cells, HintFrameWin& hint)
+        : grid_(grid), about_(about), cells_(cells), hint_(hint) {}
     ~MainWindow() override;
 
     // Creates the window hidden, centred on the screen, with all its controls.
@@ -62,6 +63,8 @@ public:
     bool TimerEnabled(Timer timer) const override;
     void SetCaption(const std::string& text) override;
     std::string RecordCaption() const override;
+    std::string Caption(Control control) const override;
+    std::string MenuCaption(MenuEntry entry) const override;
     void SetRecordCaption(const std::string& text) override;
     void ShowRepeatState(bool on) override;
     void SetFrameVisible(Frame frame, bool visible) override;
@@ -104,6 +107,7 @@ private:
     StepListWin& grid_;
     AboutFrameWin& about_;
     CellEditorsWin& cells_;  // txtCell and cmbDrop
+    HintFrameWin& hint_;     // fraDYK
     ToolbarWin toolbar_;
     StatusBarWin statusBar_;
     ReceiverWindow receiver_;

@@ -31,9 +31,10 @@ struct WinViews {
     StepListWin list{steps};
     AboutFrameWin about;
     CellEditorsWin cells;
-    MainWindow main{list, about, cells};
+    HintFrameWin hint;
+    MainWindow main{list, about, cells, hint};
     MessageBoxesWin boxes;
     FileDialogsWin dialogs;
     TextInputDialogWin textInput;
-    Views views{steps, main, boxes, dialogs, about, textInput, cells};
+    Views views{steps, main, boxes, dialogs, about, textInput, cells, hint};
 };

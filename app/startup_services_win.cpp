@@ -4,6 +4,7 @@
 
 #include <stdexcept>
 
+#include "app/hints.h"
 #include "app/main_timers.h"
 #include "platform/message_pump_win.h"
 #include "recorder/input_hook.h"
@@ -38,7 +39,7 @@ void StartupServicesWin::LoadMainWindow() {
 
 void StartupServicesWin::FinishLoad() { main_.SetTimer(Timer::ColResize, true); }
 
-void StartupServicesWin::ShowHint() { RunSeam(app_.seams.showHint); }
+void StartupServicesWin::ShowHint() { ShowHintPanel(app_); }
 
 void StartupServicesWin::CheckForUpdates() {}
 

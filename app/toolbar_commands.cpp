@@ -3,6 +3,7 @@
 #include <map>
 
 #include "app/about_box.h"
+#include "app/hints.h"
 #include "app/save_load_commands.h"
 #include "core/app.h"
 #include "core/error_log.h"
@@ -25,7 +26,6 @@ void OpenHelpFile(App& app) {
     app.ui.main.SetEnabled(Control::ToolHelp, true);
 }
 
-void ShowHint(App& app) { RunSeam(app.seams.showHint); }
 
 void Exit(App& app) {
     app.ui.main.SetBusyPointer(false);
@@ -37,7 +37,7 @@ using Command = void (*)(App&);
 const std::map<std::string, Command>& Commands() {
     static const std::map<std::string, Command> commands = {
         {"save", SaveCommand}, {"load", LoadCommand},     {"settings", OpenSettings}, {"about", ShowAbout},
-        {"help", OpenHelpFile}, {"h1", ShowHint},         {"h2", OpenHelpFile},       {"exit", Exit},
+        {"help", OpenHelpFile}, {"h1", ShowHintPanel},         {"h2", OpenHelpFile},       {"exit", Exit},
     };
     return commands;
 }

@@ -2,6 +2,7 @@
 // wires the windows' commands to the behaviour, runs MainSub and then the
 // message loop until the main window is closed.
 #include "app/enable_controls.h"
+#include "app/hints.h"
 #include "app/main_timers.h"
 #include "app/main_window_events.h"
 #include "app/program_parts_win.h"
@@ -52,6 +53,14 @@ struct Program {
         panel.onListKey = [this](int key, const std::string& name) { return OnStopKeyListKey(app, key, name); };
     }
 
+    void WireHintPanel() {
+        HintFrameWin& hint = windows.hint;
+        hint.onPrevious = [this] { PreviousHint(app); };
+        hint.onNext = [this] { NextHint(app); };
+        hint.onHide = [this] { HideHintPanel(app); };
+        hint.onDontShowChanged = [this] { DontShowHintsChanged(app); };
+    }
+
     void WireCellEditors() {
         CellEditorsWin& cells = windows.cells;
         cells.onKey = [this](CellEditor editor, int key) {
@@ -86,6 +95,7 @@ struct Program {
         windows.list.onRightClick = [this](int row) { OpenGridMenu(app, row); };
         windows.list.onKey = [this](int key) { GridKey(app, key); };
         WireCellEditors();
+        WireHintPanel();
         main.Receiver().onInput = [this](UINT message, WPARAM wParam, LPARAM lParam) {
             return DeliverRecordedInput(app, message, wParam, lParam);
         };

@@ -13,6 +13,7 @@
 #include "core/cell_editor_view.h"
 #include "core/command_seams.h"
 #include "core/file_dialogs.h"
+#include "core/hint_view.h"
 #include "core/main_view.h"
 #include "core/message_boxes.h"
 #include "core/text_input_view.h"
@@ -50,6 +51,7 @@ struct Views {
     AboutView& about;
     TextInputView& textInput;
     CellEditorView& cells;
+    HintView& hint;
 };
 
 // The settings that live in controls while the program runs (check boxes of
@@ -140,6 +142,7 @@ struct App {
     std::function<void()> clickRecord;
     RecorderState recorder;
     CellEdit cellEdit;
+    int hintNumber = 0;  // the hint fraDYK shows
     // "InHook.dll" was loaded at start-up; without it the record button stays disabled.
     bool hookLibraryLoaded = false;
     // Main-window commands answered by other parts (settings panel, hints, close).

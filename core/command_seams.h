@@ -8,8 +8,6 @@ struct CommandSeams {
     std::function<void()> openSettingsPanel;
     // Stops the panel's keep-attached timer and hides the panel.
     std::function<void()> hideSettingsPanel;
-    // Makes the hint frame fraDYK visible with a hint.
-    std::function<void()> showHint;
     // The toolbar's "save" command.
     std::function<void()> saveScript;
     // Unloads the main window, which runs its close sequence.
@@ -19,8 +17,6 @@ struct CommandSeams {
     std::function<void()> changeStopKey;
     std::function<void()> resetStepCounter;
     std::function<void()> changeSteps;
-    // Centres the visible hint frame fraDYK in the main window again.
-    std::function<void()> centreHint;
 };
 
 inline void RunSeam(const std::function<void()>& seam) {

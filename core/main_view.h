@@ -16,7 +16,10 @@ enum class Timer { Stop, Hotkey, ShiftNext, CursorPos, Blank, MouseSaver, ColRes
 
 enum class WindowState { Normal, Minimised, Maximised };
 
-enum class Frame { Main, About, StopKey, Steps, Hint };
+enum class Frame { Main, About, StopKey, Steps };
+
+// Entries of the main window's menus: mnuRecMain's two and the help button's two.
+enum class MenuEntry { RecordFromBeginning, RecordFromSelected, ViewHints, ViewHelpFile };
 
 // cmbDrop (the Button column's editor) and cmbStopKeys.
 enum class DropDown { Button, StopKeys };
@@ -48,6 +51,9 @@ public:
     virtual bool TimerEnabled(Timer timer) const = 0;
     virtual void SetCaption(const std::string& text) = 0;
     virtual std::string RecordCaption() const = 0;
+    // The caption a button or toolbar button shows now.
+    virtual std::string Caption(Control control) const = 0;
+    virtual std::string MenuCaption(MenuEntry entry) const = 0;
     virtual void SetRecordCaption(const std::string& text) = 0;
     // The repeat toggle's look: dark green when on.
     virtual void ShowRepeatState(bool on) = 0;

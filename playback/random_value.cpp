@@ -13,12 +13,6 @@ namespace {
 
 constexpr int kMostDecimals = 100;
 
-double DrawR(App& app) {
-    if (app.drawRandom) return app.drawRandom();
-    if (!app.random) app.random.emplace(app.os.clock.TickCount());
-    return std::uniform_real_distribution<double>(0.0, 1.0)(*app.random);
-}
-
 // The rounding field's integer part, clamped while it is still a double.
 int DecimalsOf(const std::string& field) {
     double decimals = IntPart(Val(field));
@@ -55,6 +49,12 @@ std::string PatternText(double value, int decimals, char separator) {
 
 }  // namespace
 
+double DrawRandom(App& app) {
+    if (app.drawRandom) return app.drawRandom();
+    if (!app.random) app.random.emplace(app.os.clock.TickCount());
+    return std::uniform_real_distribution<double>(0.0, 1.0)(*app.random);
+}
+
 bool IsRnd(const std::string& text) {
     return Lower(text.substr(0, 4)) == "rnd(" && !text.empty() && text.back() == ')';
 }
@@ -68,7 +68,7 @@ std::string RndEval(App& app, const std::string& text, int stepNumber) {
                             "].  Zeros assigned.");
         return "0";
     }
-    double value = Val(fields[0]) + Val(fields[1]) * DrawR(app);
+    double value = Val(fields[0]) + Val(fields[1]) * DrawRandom(app);
     // As a plain number too large for a cell does.
     if (!std::isfinite(value)) RaiseOverflow();
     if (fields[2] != "0") return PatternText(value, DecimalsOf(fields[2]), app.decimalSeparator);

@@ -5,6 +5,10 @@
 
 struct App;
 
+// A fraction in [0, 1) from the program's one generator, seeded from the
+// clock at its first use.
+double DrawRandom(App& app);
+
 bool IsRnd(const std::string& text);
 // The value as text ("0" for no RND expression or a wrong field count, which
 // also shows a message naming the step).

@@ -11,6 +11,7 @@
 #include "app/about_box.h"
 #include "core/cell_editor_view.h"
 #include "core/file_dialogs.h"
+#include "core/hint_view.h"
 #include "core/runtime_error.h"
 #include "core/text_input_view.h"
 
@@ -121,4 +122,25 @@ public:
         int column = 0;
     };
     std::map<CellEditor, Slot> slots;
+};
+
+// fraDYK: remembers what it shows.
+class FakeHintView : public HintView {
+public:
+    void SetTexts(const std::string& newCaption, const std::string& newHint) override {
+        caption = newCaption, hint = newHint;
+    }
+    std::string Caption() const override { return caption; }
+    std::string Hint() const override { return hint; }
+    void SetDontShow(bool checked) override { dontShow = checked; }
+    bool DontShow() const override { return dontShow; }
+    void Centre() override { ++centred; }
+    void SetVisible(bool shown) override { visible = shown; }
+    bool Visible() const override { return visible; }
+
+    std::string caption;
+    std::string hint;
+    bool dontShow = false;
+    bool visible = false;
+    int centred = 0;
 };

@@ -65,6 +65,14 @@ public:
         return gridCommand;
     }
     void Beep() override { ++beeps; }
+    std::string Caption(Control control) const override {
+        auto found = captions.find(control);
+        return found == captions.end() ? "" : found->second;
+    }
+    std::string MenuCaption(MenuEntry entry) const override {
+        auto found = menuCaptions.find(entry);
+        return found == menuCaptions.end() ? "" : found->second;
+    }
 
     // Fires the enabled timers that are due at `nowMs`, earliest first;
     // returns the time of the next due timer after that (or a huge value).
@@ -95,6 +103,8 @@ public:
     std::optional<GridCommand> gridCommand;  // the entry the user picks from mnulstMain
     std::vector<GridMenu> gridMenus;         // mnulstMain as it was offered, at each pop-up
     int beeps = 0;
+    std::map<Control, std::string> captions;
+    std::map<MenuEntry, std::string> menuCaptions;
     struct DropDownContent {
         std::vector<std::string> entries;
         std::string shown;

@@ -53,7 +53,8 @@ public:
     FakeAboutView about;
     FakeTextInputView textInput;
     FakeCellEditors cells;
+    FakeHintView hint;
     Platform platform{files, ini, registry, shell, input, windows, clock, osInfo, hooks};
-    Views views{grid, main, boxes, dialogs, about, textInput, cells};
+    Views views{grid, main, boxes, dialogs, about, textInput, cells, hint};
     App app{platform, views};
 };

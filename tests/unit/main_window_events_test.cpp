@@ -20,14 +20,11 @@ TEST(StatusPanelClick, OnlyTheKeyedPanelsRunTheirCommands) {
 
 TEST(MainWindowResized, CentresTheHintFrameOnlyWhileItIsVisible) {
     TestApp t;
-    int centred = 0;
-    t.app.seams.centreHint = [&centred] { ++centred; };
-    t.main.SetFrameVisible(Frame::Hint, false);
     MainWindowResized(t.app);
-    EXPECT_EQ(centred, 0);
-    t.main.SetFrameVisible(Frame::Hint, true);
+    EXPECT_EQ(t.hint.centred, 0);
+    t.hint.SetVisible(true);
     MainWindowResized(t.app);
-    EXPECT_EQ(centred, 1);
+    EXPECT_EQ(t.hint.centred, 1);
 }
 
 }  // namespace

@@ -90,7 +90,6 @@ TEST(Toolbar, HelpOpensTheHelpFileMaximisedWithItsButtonDisabledMeanwhile) {
 TEST(Toolbar, CommandsOfLaterPartsGoThroughTheirSeams) {
     TestApp t;
     ToolbarClick(t.app, "settings");
-    ToolbarClick(t.app, "h1");
     ToolbarClick(t.app, "exit");
     ToolbarClick(t.app, "no such key");
     // Unwired seams do nothing at all, so nothing stays locked.
@@ -99,16 +98,14 @@ TEST(Toolbar, CommandsOfLaterPartsGoThroughTheirSeams) {
 
     std::vector<std::string> calls;
     t.app.seams.openSettingsPanel = [&] { calls.push_back("settings"); };
-    t.app.seams.showHint = [&] { calls.push_back("hint"); };
     t.app.seams.closeMainWindow = [&] { calls.push_back("close"); };
     t.main.busyPointer = true;
     ToolbarClick(t.app, "settings");
     EXPECT_FALSE(t.main.IsEnabled(Control::ToolSettings));
     EXPECT_FALSE(t.main.IsEnabled(Control::Start));
     EXPECT_TRUE(t.main.IsEnabled(Control::ToolSave));
-    ToolbarClick(t.app, "h1");
     ToolbarClick(t.app, "exit");
-    EXPECT_EQ(calls, (std::vector<std::string>{"settings", "hint", "close"}));
+    EXPECT_EQ(calls, (std::vector<std::string>{"settings", "close"}));
     EXPECT_FALSE(t.main.busyPointer);
     EXPECT_TRUE(t.main.IsEnabled(Control::ToolExit));
 }
