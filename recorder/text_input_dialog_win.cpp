@@ -31,11 +31,6 @@ enum ChildId : int { kIdText = 10, kIdPick, kIdPicker, kIdPickerCancel };
 // picDrag's notification to its parent, in WM_COMMAND's high word.
 constexpr WORD kPickerDropped = 1;
 
-HWND Child(HWND parent, const char* className, const char* text, DWORD style, int id) {
-    return CreateWindowExA(0, className, text, WS_CHILD | WS_VISIBLE | style, 0, 0, 0, 0, parent,
-                           reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), GetModuleHandleA(nullptr), nullptr);
-}
-
 void Place(HWND window, int left, int top, int width, int height) {
     SetWindowPos(window, nullptr, left, top, width, height, SWP_NOZORDER | SWP_NOACTIVATE);
 }
@@ -127,12 +122,12 @@ bool PickerPanelWin::Create(HWND dialog) {
     if (!RegisterWindowClass(kPanelClass, nullptr, reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1))) return false;
     if (!CreateWindowOfClass(kPanelClass, "", WS_CHILD | WS_CLIPSIBLINGS, WS_EX_CONTROLPARENT, 0, 0, 0, 0, dialog))
         return false;
-    group_ = Child(hwnd_, "BUTTON", "Window title", BS_GROUPBOX, 0);
-    hint_ = Child(hwnd_, "STATIC",
+    group_ = ChildControl(hwnd_, "BUTTON", "Window title", BS_GROUPBOX, 0);
+    hint_ = ChildControl(hwnd_, "STATIC",
                   "Drag the target onto a window and release the button there: the window's title is added "
                   "to the end of the text.",
                   SS_LEFT | SS_NOPREFIX, 0);
-    cancel_ = Child(hwnd_, "BUTTON", "Cancel", WS_TABSTOP | BS_PUSHBUTTON, kIdPickerCancel);
+    cancel_ = ChildControl(hwnd_, "BUTTON", "Cancel", WS_TABSTOP | BS_PUSHBUTTON, kIdPickerCancel);
     return picker_.Create(hwnd_, kIdPicker);
 }
 
@@ -167,12 +162,12 @@ bool TextInputDialogWin::Create(const std::array<std::string, 3>& reference) {
     if (!CreateWindowOfClass(kDialogClass, kTitle, WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN,
                              WS_EX_DLGMODALFRAME | WS_EX_CONTROLPARENT, 0, 0, 0, 0, owner_))
         return false;
-    text_ = Child(hwnd_, "EDIT", "", WS_TABSTOP | WS_BORDER | ES_AUTOHSCROLL, kIdText);
+    text_ = ChildControl(hwnd_, "EDIT", "", WS_TABSTOP | WS_BORDER | ES_AUTOHSCROLL, kIdText);
     for (std::size_t i = 0; i < labels_.size(); ++i)
-        labels_[i] = Child(hwnd_, "STATIC", reference[i].c_str(), SS_LEFT | SS_NOPREFIX | WS_CLIPSIBLINGS, 0);
-    pick_ = Child(hwnd_, "BUTTON", "Window title...", WS_TABSTOP | BS_PUSHBUTTON, kIdPick);
-    ok_ = Child(hwnd_, "BUTTON", "OK", WS_TABSTOP | BS_DEFPUSHBUTTON, IDOK);
-    cancel_ = Child(hwnd_, "BUTTON", "Cancel", WS_TABSTOP | BS_PUSHBUTTON, IDCANCEL);
+        labels_[i] = ChildControl(hwnd_, "STATIC", reference[i].c_str(), SS_LEFT | SS_NOPREFIX | WS_CLIPSIBLINGS, 0);
+    pick_ = ChildControl(hwnd_, "BUTTON", "Window title...", WS_TABSTOP | BS_PUSHBUTTON, kIdPick);
+    ok_ = ChildControl(hwnd_, "BUTTON", "OK", WS_TABSTOP | BS_DEFPUSHBUTTON, IDOK);
+    cancel_ = ChildControl(hwnd_, "BUTTON", "Cancel", WS_TABSTOP | BS_PUSHBUTTON, IDCANCEL);
     if (!panel_.Create(hwnd_)) return false;
     dpi_ = WindowDpi(owner_);
     font_.Reset(CreateMessageFont(dpi_));
