@@ -13,6 +13,7 @@
 #include "app/layout.h"
 #include "app/receiver_window_win.h"
 #include "app/status_bar_win.h"
+#include "app/step_count_frame_win.h"
 #include "app/step_list_win.h"
 #include "app/stop_key_frame_win.h"
 #include "app/toolbar_win.h"
@@ -48,6 +49,7 @@ public:
     ReceiverWindow& Receiver() { return receiver_; }
     ToolbarWin& Toolbar() { return toolbar_; }
     StopKeyFrameWin& StopKeyFrame() { return stopKeyFrame_; }
+    StepCountFrameWin& StepCountFrame() { return stepCountFrame_; }
 
     MainWindowHandlers handlers;
 
@@ -108,6 +110,7 @@ private:
     HWND frame_ = nullptr;
     HWND dropButton_ = nullptr;    // cmbDrop
     StopKeyFrameWin stopKeyFrame_;  // fraStopKey with cmbStopKeys
+    StepCountFrameWin stepCountFrame_;  // fraSteps with txtSteps
     OwnedFont font_;
     int dpi_ = 96;
 

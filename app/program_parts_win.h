@@ -34,5 +34,5 @@ struct WinViews {
     MessageBoxesWin boxes;
     FileDialogsWin dialogs;
     TextInputDialogWin textInput;
-    Views views{steps, main, boxes, dialogs, about, textInput};
+    Views views{steps, main, boxes, dialogs, about, textInput, main.StepCountFrame()};
 };

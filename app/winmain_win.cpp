@@ -13,6 +13,7 @@
 #include "core/error_log.h"
 #include "core/settings.h"
 #include "editing/cell_editing.h"
+#include "editing/step_count.h"
 #include "platform/failure_trace.h"
 #include "platform/message_pump_win.h"
 #include "playback/playback_loop.h"
@@ -51,6 +52,15 @@ struct Program {
         panel.onListKey = [this](int key, const std::string& name) { return OnStopKeyListKey(app, key, name); };
     }
 
+    void WireStepCount() {
+        app.seams.changeSteps = [this] { OpenStepCount(app); };
+        StepCountFrameWin& frame = main.StepCountFrame();
+        frame.onAccept = [this] { StepChange(app); };
+        frame.onCancel = [this] { CloseStepCount(app); };
+        frame.onChange = [this] { StepCountTextChanged(app); };
+        frame.onKey = [this](int key) { return OnStepCountKey(app, key); };
+    }
+
     // A run in progress when the window closes ends with it.
     bool Close() {
         if (!CloseMainWindow(app, services)) return false;
@@ -66,6 +76,7 @@ struct Program {
         main.handlers.resized = [this] { MainWindowResized(app); };
         main.handlers.panelClick = [this](int panel) { StatusPanelClick(app, panel); };
         WireStopKeyPanel();
+        WireStepCount();
         main.Toolbar().onClick = [this](const std::string& key) { ToolbarClick(app, key); };
         windows.list.onPress = [this](double xTwips, int row) { GridMouseDown(app, xTwips, row); };
         windows.list.onClick = [this] { GridClick(app); };

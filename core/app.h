@@ -14,6 +14,7 @@
 #include "core/file_dialogs.h"
 #include "core/main_view.h"
 #include "core/message_boxes.h"
+#include "core/step_count_view.h"
 #include "core/text_input_view.h"
 #include "core/vocabulary.h"
 #include "platform/clock.h"
@@ -48,6 +49,7 @@ struct Views {
     FileDialogs& dialogs;
     AboutView& about;
     TextInputView& textInput;
+    StepCountView& stepCount;
 };
 
 // The settings that live in controls while the program runs (check boxes of

@@ -1,5 +1,6 @@
 #pragma once
-// Stand-ins for the file dialogs, the about frame and the keystroke-text editor.
+// Stand-ins for the file dialogs, the about frame, the keystroke-text editor
+// and the step-count frame.
 #include <deque>
 #include <functional>
 #include <optional>
@@ -9,6 +10,7 @@
 #include "app/about_box.h"
 #include "core/file_dialogs.h"
 #include "core/runtime_error.h"
+#include "core/step_count_view.h"
 #include "core/text_input_view.h"
 
 // Records every dialog request and answers from a script: each answer is a
@@ -97,4 +99,30 @@ public:
     bool open = false;
     bool closedByProgram = false;
     int runs = 0;
+};
+
+// txtSteps: like the real text box it reports every change of its text,
+// also one the program makes, through `onChange`.
+class FakeStepCountView : public StepCountView {
+public:
+    std::string Text() const override { return text; }
+    void SetText(const std::string& newText) override {
+        text = newText, selected = false;
+        if (onChange) onChange();
+    }
+    void SelectAll() override { selected = true; }
+    void Centre() override { ++centred; }
+    void Beep() override { ++beeps; }
+
+    // What the user types over the selection or at the end of the text.
+    void Type(const std::string& typed) {
+        text = selected ? typed : text + typed, selected = false;
+        if (onChange) onChange();
+    }
+
+    std::function<void()> onChange;
+    std::string text;
+    bool selected = false;  // all of the text, with the focus
+    int centred = 0;
+    int beeps = 0;
 };

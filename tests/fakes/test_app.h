@@ -49,7 +49,8 @@ public:
     ScriptedDialogs dialogs;
     FakeAboutView about;
     FakeTextInputView textInput;
+    FakeStepCountView stepCount;
     Platform platform{files, ini, registry, shell, input, windows, clock, osInfo, hooks};
-    Views views{grid, main, boxes, dialogs, about, textInput};
+    Views views{grid, main, boxes, dialogs, about, textInput, stepCount};
     App app{platform, views};
 };
