@@ -34,15 +34,6 @@ constexpr int kHideButtonId = 1;
 constexpr UINT_PTR kHoverTimerId = 1;
 constexpr UINT kHoverCheckMs = 100;
 
-HWND Child(HWND parent, const char* className, DWORD style, int id) {
-    return CreateWindowExA(0, className, "", WS_CHILD | WS_VISIBLE | style, 0, 0, 0, 0, parent,
-                           reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), GetModuleHandleA(nullptr), nullptr);
-}
-
-void Place(HWND window, int left, int top, int width, int height) {
-    SetWindowPos(window, nullptr, left, top, width, height, SWP_NOZORDER | SWP_NOACTIVATE);
-}
-
 HFONT Derived(HFONT base, int heightPercent, int weight, bool underline) {
     LOGFONTA font{};
     GetObjectA(base, sizeof font, &font);
@@ -66,11 +57,11 @@ bool AboutFrameWin::Create(HWND parent) {
     if (!CreateWindowOfClass(kClassName, "", WS_CHILD | WS_CLIPSIBLINGS | WS_CLIPCHILDREN, 0, 0,
                              Pixels(-kFrameHeight), Pixels(kFrameWidth), Pixels(kFrameHeight), parent))
         return false;
-    title_ = Child(hwnd_, "STATIC", SS_LEFT | SS_NOPREFIX, 0);
-    build_ = Child(hwnd_, "STATIC", SS_LEFT | SS_NOPREFIX, 0);
-    mail_ = Child(hwnd_, "STATIC", SS_LEFT | SS_NOPREFIX | SS_NOTIFY, 0);
-    web_ = Child(hwnd_, "STATIC", SS_LEFT | SS_NOPREFIX | SS_NOTIFY, 0);
-    cmdHideAbout_ = Child(hwnd_, "BUTTON", BS_PUSHBUTTON | WS_TABSTOP, kHideButtonId);
+    title_ = ChildControl(hwnd_, "STATIC", "", SS_LEFT | SS_NOPREFIX, 0);
+    build_ = ChildControl(hwnd_, "STATIC", "", SS_LEFT | SS_NOPREFIX, 0);
+    mail_ = ChildControl(hwnd_, "STATIC", "", SS_LEFT | SS_NOPREFIX | SS_NOTIFY, 0);
+    web_ = ChildControl(hwnd_, "STATIC", "", SS_LEFT | SS_NOPREFIX | SS_NOTIFY, 0);
+    cmdHideAbout_ = ChildControl(hwnd_, "BUTTON", "", BS_PUSHBUTTON | WS_TABSTOP, kHideButtonId);
     SetWindowTextA(mail_, kSupportMail);
     SetWindowTextA(web_, kWebAddress);
     SetWindowTextA(cmdHideAbout_, "OK");
@@ -97,11 +88,11 @@ void AboutFrameWin::CreateFonts(HFONT base) {
 
 void AboutFrameWin::Layout() {
     int textLeft = Pixels(kTextLeft), textWidth = Pixels(kTextWidth), line = Pixels(kLineHeight);
-    Place(title_, textLeft, Pixels(kTitleTop), textWidth, Pixels(kTitleHeight));
-    Place(build_, textLeft, Pixels(kBuildTop), textWidth, line);
-    Place(mail_, textLeft, Pixels(kMailTop), textWidth, line);
-    Place(web_, textLeft, Pixels(kWebTop), textWidth, line);
-    Place(cmdHideAbout_, Pixels(kFrameWidth - kButtonWidth - kButtonMargin),
+    PlaceChild(title_, textLeft, Pixels(kTitleTop), textWidth, Pixels(kTitleHeight));
+    PlaceChild(build_, textLeft, Pixels(kBuildTop), textWidth, line);
+    PlaceChild(mail_, textLeft, Pixels(kMailTop), textWidth, line);
+    PlaceChild(web_, textLeft, Pixels(kWebTop), textWidth, line);
+    PlaceChild(cmdHideAbout_, Pixels(kFrameWidth - kButtonWidth - kButtonMargin),
           Pixels(kFrameHeight - kButtonHeight - kButtonMargin), Pixels(kButtonWidth), Pixels(kButtonHeight));
     SendMessageA(title_, WM_SETFONT, reinterpret_cast<WPARAM>(titleFont_.Get()), TRUE);
     SendMessageA(build_, WM_SETFONT, reinterpret_cast<WPARAM>(font_), TRUE);

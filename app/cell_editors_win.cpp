@@ -13,11 +13,6 @@ constexpr int kListRows = 10;  // the dropped list shows all nine actions
 
 enum ChildId : int { kIdText = 10, kIdDropDown };
 
-HWND Child(HWND parent, const char* className, DWORD style, int id) {
-    return CreateWindowExA(0, className, "", WS_CHILD | style, 0, 0, 0, 0, parent,
-                           reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), GetModuleHandleA(nullptr), nullptr);
-}
-
 bool IsEditorKey(WPARAM key) { return key == VK_RETURN || key == VK_ESCAPE; }
 
 }  // namespace
@@ -27,8 +22,9 @@ bool CellEditorsWin::Create(HWND parent, HWND list) {
     if (!RegisterWindowClass(kClassName, nullptr, reinterpret_cast<HBRUSH>(COLOR_WINDOW + 1))) return false;
     if (!CreateWindowOfClass(kClassName, "", WS_CHILD | WS_CLIPCHILDREN, WS_EX_CONTROLPARENT, 0, 0, 0, 0, parent))
         return false;
-    edit_ = Child(hwnd_, WC_EDITA, WS_BORDER | ES_AUTOHSCROLL, kIdText);
-    combo_ = Child(hwnd_, WC_COMBOBOXA, WS_VSCROLL | CBS_DROPDOWNLIST, kIdDropDown);
+    // Shown one at a time, inside the hidden window.
+    edit_ = ChildControl(hwnd_, WC_EDITA, "", WS_BORDER | ES_AUTOHSCROLL, kIdText);
+    combo_ = ChildControl(hwnd_, WC_COMBOBOXA, "", WS_VSCROLL | CBS_DROPDOWNLIST, kIdDropDown);
     for (auto [editor, original] : {std::pair{edit_, &editProc_}, std::pair{combo_, &comboProc_}}) {
         SetWindowLongPtrA(editor, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
         *original = reinterpret_cast<WNDPROC>(

@@ -23,28 +23,19 @@ constexpr double kGap = 90;
 
 enum ChildId : int { kIdDontShow = 10, kIdPrevious, kIdNext, kIdHide };
 
-HWND Child(HWND parent, const char* className, const char* text, DWORD style, int id) {
-    return CreateWindowExA(0, className, text, WS_CHILD | WS_VISIBLE | style, 0, 0, 0, 0, parent,
-                           reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), GetModuleHandleA(nullptr), nullptr);
-}
-
-void Place(HWND window, int left, int top, int width, int height) {
-    SetWindowPos(window, nullptr, left, top, width, height, SWP_NOZORDER | SWP_NOACTIVATE);
-}
-
 }  // namespace
 
 bool HintFrameWin::Create(HWND parent) {
     if (!RegisterWindowClass(kClassName, nullptr, reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1))) return false;
     if (!CreateWindowOfClass(kClassName, "", WS_CHILD | WS_CLIPSIBLINGS, WS_EX_CONTROLPARENT, 0, 0, 0, 0, parent))
         return false;
-    group_ = Child(hwnd_, "BUTTON", "Did You Know?", BS_GROUPBOX, 0);
-    caption_ = Child(hwnd_, "STATIC", "", SS_LEFT | SS_NOPREFIX, 0);
-    hint_ = Child(hwnd_, "STATIC", "", SS_LEFT | SS_NOPREFIX, 0);
-    dontShow_ = Child(hwnd_, "BUTTON", "Do not show hints at start-up", WS_TABSTOP | BS_AUTOCHECKBOX, kIdDontShow);
-    previous_ = Child(hwnd_, "BUTTON", "< Previous", WS_TABSTOP | BS_PUSHBUTTON, kIdPrevious);
-    next_ = Child(hwnd_, "BUTTON", "Next >", WS_TABSTOP | BS_PUSHBUTTON, kIdNext);
-    hide_ = Child(hwnd_, "BUTTON", "Close", WS_TABSTOP | BS_PUSHBUTTON, kIdHide);
+    group_ = ChildControl(hwnd_, "BUTTON", "Did You Know?", BS_GROUPBOX, 0);
+    caption_ = ChildControl(hwnd_, "STATIC", "", SS_LEFT | SS_NOPREFIX, 0);
+    hint_ = ChildControl(hwnd_, "STATIC", "", SS_LEFT | SS_NOPREFIX, 0);
+    dontShow_ = ChildControl(hwnd_, "BUTTON", "Do not show hints at start-up", WS_TABSTOP | BS_AUTOCHECKBOX, kIdDontShow);
+    previous_ = ChildControl(hwnd_, "BUTTON", "< Previous", WS_TABSTOP | BS_PUSHBUTTON, kIdPrevious);
+    next_ = ChildControl(hwnd_, "BUTTON", "Next >", WS_TABSTOP | BS_PUSHBUTTON, kIdNext);
+    hide_ = ChildControl(hwnd_, "BUTTON", "Close", WS_TABSTOP | BS_PUSHBUTTON, kIdHide);
     return true;
 }
 
@@ -61,15 +52,15 @@ void HintFrameWin::Layout() {
     int width = px(kWidth);
     int height = px(kHeight);
     SetWindowPos(hwnd_, nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-    Place(group_, 0, 0, width, height);
+    PlaceChild(group_, 0, 0, width, height);
     int inset = px(kInset);
-    Place(caption_, inset, px(kCaptionTop), width - 2 * inset, px(kLineHeight));
+    PlaceChild(caption_, inset, px(kCaptionTop), width - 2 * inset, px(kLineHeight));
     int rowTop = height - inset - px(kButtonHeight);
-    Place(hint_, inset, px(kHintTop), width - 2 * inset, rowTop - px(kHintTop) - px(kGap));
-    Place(dontShow_, inset, rowTop, px(kCheckWidth), px(kButtonHeight));
+    PlaceChild(hint_, inset, px(kHintTop), width - 2 * inset, rowTop - px(kHintTop) - px(kGap));
+    PlaceChild(dontShow_, inset, rowTop, px(kCheckWidth), px(kButtonHeight));
     int left = width - inset - 3 * px(kButtonWidth) - 2 * px(kGap);
     for (HWND button : {previous_, next_, hide_}) {
-        Place(button, left, rowTop, px(kButtonWidth), px(kButtonHeight));
+        PlaceChild(button, left, rowTop, px(kButtonWidth), px(kButtonHeight));
         left += px(kButtonWidth) + px(kGap);
     }
 }

@@ -103,6 +103,7 @@ void MainWindow::CreateChildren() {
     for (const Button& button : kButtons) buttons_[button.id] = CreateChild(WC_BUTTONA, button.caption, button.style, button.id);
     cells_.Create(hwnd_, grid_.Handle());
     stopKeyFrame_.Create(hwnd_);
+    stepCountFrame_.Create(hwnd_);
     receiver_.Create(hwnd_);
     statusBar_.Create(hwnd_, kIdStatusBar);
     about_.Create(hwnd_);
@@ -130,6 +131,7 @@ void MainWindow::ApplyFonts() {
     SendMessageA(frame_, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
     cells_.SetFont(font);
     stopKeyFrame_.SetFont(font);
+    stepCountFrame_.SetFont(font);
     for (auto& [id, button] : buttons_) SendMessageA(button, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
     grid_.SetFont(font);
     statusBar_.SetFont(font);
@@ -148,6 +150,7 @@ void MainWindow::Layout() {
     MainLayout layout = LayoutMainWindow({client.right, client.bottom}, toolbar_.Height(), statusHeight, dpi_);
     MoveTo(frame_, layout.frame);
     stopKeyFrame_.Move(layout.frame, dpi_);
+    stepCountFrame_.Place(dpi_);
     grid_.Move(layout.grid);
     MoveTo(buttons_[kIdStart], layout.start);
     MoveTo(buttons_[kIdStop], layout.stop);
@@ -337,6 +340,7 @@ void MainWindow::SetFrameVisible(Frame frame, bool visible) {
     frameVisible_[frame] = visible;
     if (frame == Frame::About) about_.SetVisible(visible);
     if (frame == Frame::StopKey) stopKeyFrame_.SetVisible(visible);
+    if (frame == Frame::Steps) stepCountFrame_.SetVisible(visible);
     if (frame != Frame::Main) return;
     int show = visible ? SW_SHOW : SW_HIDE;
     ShowWindow(frame_, show);
@@ -347,6 +351,7 @@ void MainWindow::SetFrameVisible(Frame frame, bool visible) {
 bool MainWindow::FrameVisible(Frame frame) const {
     if (frame == Frame::About) return about_.Visible();
     if (frame == Frame::StopKey) return stopKeyFrame_.Visible();
+    if (frame == Frame::Steps) return stepCountFrame_.Visible();
     auto found = frameVisible_.find(frame);
     return found != frameVisible_.end() && found->second;
 }

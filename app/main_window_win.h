@@ -15,6 +15,7 @@
 #include "app/layout.h"
 #include "app/receiver_window_win.h"
 #include "app/status_bar_win.h"
+#include "app/step_count_frame_win.h"
 #include "app/step_list_win.h"
 #include "app/stop_key_frame_win.h"
 #include "app/toolbar_win.h"
@@ -51,6 +52,7 @@ public:
     ReceiverWindow& Receiver() { return receiver_; }
     ToolbarWin& Toolbar() { return toolbar_; }
     StopKeyFrameWin& StopKeyFrame() { return stopKeyFrame_; }
+    StepCountFrameWin& StepCountFrame() { return stepCountFrame_; }
 
     MainWindowHandlers handlers;
 
@@ -116,6 +118,7 @@ private:
     std::map<int, HWND> buttons_;  // by control id
     HWND frame_ = nullptr;
     StopKeyFrameWin stopKeyFrame_;  // fraStopKey with cmbStopKeys
+    StepCountFrameWin stepCountFrame_;  // fraSteps with txtSteps
     OwnedFont font_;
     int dpi_ = 96;
 

@@ -36,5 +36,5 @@ struct WinViews {
     MessageBoxesWin boxes;
     FileDialogsWin dialogs;
     TextInputDialogWin textInput;
-    Views views{steps, main, boxes, dialogs, about, textInput, cells, hint};
+    Views views{steps, main, boxes, dialogs, about, textInput, cells, hint, main.StepCountFrame()};
 };

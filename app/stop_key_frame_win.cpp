@@ -21,16 +21,6 @@ constexpr double kGap = 120;
 
 enum ChildId : int { kIdCombo = 10, kIdAccept, kIdClose };
 
-constexpr int kReturnKey = VK_RETURN;
-constexpr int kEscapeKey = VK_ESCAPE;
-
-HWND Child(HWND parent, const char* className, const char* text, DWORD style, int id) {
-    return CreateWindowExA(0, className, text, WS_CHILD | WS_VISIBLE | style, 0, 0, 0, 0, parent,
-                           reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), GetModuleHandleA(nullptr), nullptr);
-}
-
-bool IsPanelKey(WPARAM key) { return key == kReturnKey || key == kEscapeKey; }
-
 }  // namespace
 
 bool StopKeyFrameWin::Create(HWND parent) {
@@ -38,14 +28,12 @@ bool StopKeyFrameWin::Create(HWND parent) {
     if (!CreateWindowOfClass(kClassName, "", WS_CHILD | WS_CLIPSIBLINGS, WS_EX_CONTROLPARENT, 0, 0, 0, 0,
                              parent))
         return false;
-    group_ = Child(hwnd_, WC_BUTTONA, "StopKey", BS_GROUPBOX, 0);
-    label_ = Child(hwnd_, WC_STATICA, "Choose the key that stops a run or a recording:", SS_LEFT, 0);
-    combo_ = Child(hwnd_, WC_COMBOBOXA, "", WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST, kIdCombo);
-    accept_ = Child(hwnd_, WC_BUTTONA, "Change", WS_TABSTOP | BS_PUSHBUTTON, kIdAccept);
-    close_ = Child(hwnd_, WC_BUTTONA, "Cancel", WS_TABSTOP | BS_PUSHBUTTON, kIdClose);
-    SetWindowLongPtrA(combo_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-    comboProc_ = reinterpret_cast<WNDPROC>(
-        SetWindowLongPtrA(combo_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&StopKeyFrameWin::ComboProc)));
+    group_ = ChildControl(hwnd_, WC_BUTTONA, "StopKey", BS_GROUPBOX, 0);
+    label_ = ChildControl(hwnd_, WC_STATICA, "Choose the key that stops a run or a recording:", SS_LEFT, 0);
+    combo_ = ChildControl(hwnd_, WC_COMBOBOXA, "", WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST, kIdCombo);
+    accept_ = ChildControl(hwnd_, WC_BUTTONA, "Change", WS_TABSTOP | BS_PUSHBUTTON, kIdAccept);
+    close_ = ChildControl(hwnd_, WC_BUTTONA, "Cancel", WS_TABSTOP | BS_PUSHBUTTON, kIdClose);
+    keys_.Attach(combo_, [this](int keyCode) { return OnComboKey(keyCode); });
     return true;
 }
 
@@ -82,38 +70,6 @@ bool StopKeyFrameWin::OnComboKey(int keyCode) {
     // An open list takes the highlighted entry as the choice before it closes.
     if (SendMessageA(combo_, CB_GETDROPPEDSTATE, 0, 0)) SendMessageA(combo_, CB_SHOWDROPDOWN, FALSE, 0);
     return onListKey(keyCode, ChosenName());
-}
-
-LRESULT CALLBACK StopKeyFrameWin::ComboProc(HWND combo, UINT message, WPARAM wParam, LPARAM lParam) {
-    auto* frame = reinterpret_cast<StopKeyFrameWin*>(GetWindowLongPtrA(combo, GWLP_USERDATA));
-    WNDPROC original = frame->comboProc_;
-    try {
-        switch (message) {
-            case WM_GETDLGCODE: {
-                // The window's dialog keys would otherwise take Return and Escape.
-                const MSG* pending = reinterpret_cast<const MSG*>(lParam);
-                LRESULT code = CallWindowProcA(original, combo, message, wParam, lParam);
-                if (pending && pending->message == WM_KEYDOWN && IsPanelKey(pending->wParam))
-                    code |= DLGC_WANTMESSAGE;
-                return code;
-            }
-            case WM_KEYDOWN:
-                if (IsPanelKey(wParam) && frame->OnComboKey(static_cast<int>(wParam))) return 0;
-                break;
-            case WM_CHAR:
-                // The characters of the swallowed keys would only beep.
-                if (IsPanelKey(wParam)) return 0;
-                break;
-            case WM_NCDESTROY:
-                SetWindowLongPtrA(combo, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(original));
-                SetWindowLongPtrA(combo, GWLP_USERDATA, 0);
-                break;
-        }
-    } catch (...) {
-        // Nothing may unwind through the system's code.
-        return 0;
-    }
-    return CallWindowProcA(original, combo, message, wParam, lParam);
 }
 
 void StopKeyFrameWin::OnCommand(WPARAM wParam) {

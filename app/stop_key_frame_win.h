@@ -7,6 +7,7 @@
 #include <string>
 
 #include "app/layout.h"
+#include "app/panel_keys_win.h"
 #include "platform/base_window_win.h"
 
 class StopKeyFrameWin : public BaseWindow<StopKeyFrameWin> {
@@ -33,7 +34,6 @@ public:
     LRESULT HandleMessage(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam);
 
 private:
-    static LRESULT CALLBACK ComboProc(HWND combo, UINT message, WPARAM wParam, LPARAM lParam);
     bool OnComboKey(int keyCode);
     std::string ChosenName() const;
     void OnCommand(WPARAM wParam);
@@ -43,5 +43,5 @@ private:
     HWND combo_ = nullptr;
     HWND accept_ = nullptr;  // cmdStopKey(0)
     HWND close_ = nullptr;   // cmdStopKey(1)
-    WNDPROC comboProc_ = nullptr;
+    PanelKeys keys_;  // Return and Escape in cmbStopKeys
 };

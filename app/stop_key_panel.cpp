@@ -8,7 +8,10 @@
 
 namespace {
 
+// The panel and the step-count frame both take the grid frame's place, so
+// only one of them is shown at a time.
 void ShowStopKeyPanel(App& app, bool open) {
+    if (open) app.ui.main.SetFrameVisible(Frame::Steps, false);
     app.ui.main.SetFrameVisible(Frame::StopKey, open);
     app.ui.main.SetFrameVisible(Frame::Main, !open);
 }

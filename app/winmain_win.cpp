@@ -15,6 +15,7 @@
 #include "core/settings.h"
 #include "editing/cell_editing.h"
 #include "editing/list_commands.h"
+#include "editing/step_count.h"
 #include "platform/failure_trace.h"
 #include "platform/message_pump_win.h"
 #include "playback/playback_loop.h"
@@ -74,6 +75,15 @@ struct Program {
         };
     }
 
+    void WireStepCount() {
+        app.seams.changeSteps = [this] { OpenStepCount(app); };
+        StepCountFrameWin& frame = main.StepCountFrame();
+        frame.onAccept = [this] { StepChange(app); };
+        frame.onCancel = [this] { CloseStepCount(app); };
+        frame.onChange = [this] { StepCountTextChanged(app); };
+        frame.onKey = [this](int key) { return OnStepCountKey(app, key); };
+    }
+
     // A run in progress when the window closes ends with it.
     bool Close() {
         if (!CloseMainWindow(app, services)) return false;
@@ -89,6 +99,7 @@ struct Program {
         main.handlers.resized = [this] { MainWindowResized(app); };
         main.handlers.panelClick = [this](int panel) { StatusPanelClick(app, panel); };
         WireStopKeyPanel();
+        WireStepCount();
         main.Toolbar().onClick = [this](const std::string& key) { ToolbarClick(app, key); };
         windows.list.onPress = [this](double xTwips, int row) { GridMouseDown(app, xTwips, row); };
         windows.list.onClick = [this] { GridClick(app); };

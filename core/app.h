@@ -16,6 +16,7 @@
 #include "core/hint_view.h"
 #include "core/main_view.h"
 #include "core/message_boxes.h"
+#include "core/step_count_view.h"
 #include "core/text_input_view.h"
 #include "core/vocabulary.h"
 #include "platform/clock.h"
@@ -52,6 +53,7 @@ struct Views {
     TextInputView& textInput;
     CellEditorView& cells;
     HintView& hint;
+    StepCountView& stepCount;
 };
 
 // The settings that live in controls while the program runs (check boxes of

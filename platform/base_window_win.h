@@ -74,3 +74,14 @@ private:
         return DefWindowProcA(hwnd, message, wParam, lParam);
     }
 };
+
+// A visible child control of `parent` with its control id, placed later.
+inline HWND ChildControl(HWND parent, const char* className, const char* text, DWORD style, int id) {
+    return CreateWindowExA(0, className, text, WS_CHILD | WS_VISIBLE | style, 0, 0, 0, 0, parent,
+                           reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), GetModuleHandleA(nullptr), nullptr);
+}
+
+// Moves and sizes a child in its parent's client pixels, keeping its z-order.
+inline void PlaceChild(HWND window, int left, int top, int width, int height) {
+    SetWindowPos(window, nullptr, left, top, width, height, SWP_NOZORDER | SWP_NOACTIVATE);
+}

@@ -32,15 +32,6 @@ enum ChildId : int { kIdText = 10, kIdPick, kIdPicker, kIdPickerCancel };
 // picDrag's notification to its parent, in WM_COMMAND's high word.
 constexpr WORD kPickerDropped = 1;
 
-HWND Child(HWND parent, const char* className, const char* text, DWORD style, int id) {
-    return CreateWindowExA(0, className, text, WS_CHILD | WS_VISIBLE | style, 0, 0, 0, 0, parent,
-                           reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), GetModuleHandleA(nullptr), nullptr);
-}
-
-void Place(HWND window, int left, int top, int width, int height) {
-    SetWindowPos(window, nullptr, left, top, width, height, SWP_NOZORDER | SWP_NOACTIVATE);
-}
-
 void SetFont(HWND window, HFONT font) { SendMessageA(window, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE); }
 
 HICON LoadPickerIcon(int id, int size) {
@@ -126,12 +117,12 @@ bool PickerPanelWin::Create(HWND dialog) {
     if (!RegisterWindowClass(kPanelClass, nullptr, reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1))) return false;
     if (!CreateWindowOfClass(kPanelClass, "", WS_CHILD | WS_CLIPSIBLINGS, WS_EX_CONTROLPARENT, 0, 0, 0, 0, dialog))
         return false;
-    group_ = Child(hwnd_, "BUTTON", "Window title", BS_GROUPBOX, 0);
-    hint_ = Child(hwnd_, "STATIC",
+    group_ = ChildControl(hwnd_, "BUTTON", "Window title", BS_GROUPBOX, 0);
+    hint_ = ChildControl(hwnd_, "STATIC",
                   "Drag the target onto a window and release the button there: the window's title is added "
                   "to the end of the text.",
                   SS_LEFT | SS_NOPREFIX, 0);
-    cancel_ = Child(hwnd_, "BUTTON", "Cancel", WS_TABSTOP | BS_PUSHBUTTON, kIdPickerCancel);
+    cancel_ = ChildControl(hwnd_, "BUTTON", "Cancel", WS_TABSTOP | BS_PUSHBUTTON, kIdPickerCancel);
     return picker_.Create(hwnd_, kIdPicker);
 }
 
@@ -140,7 +131,7 @@ void PickerPanelWin::Layout(int dpi, HFONT font) {
     int width = px(kPanelWidth);
     int height = px(kPanelHeight);
     SetWindowPos(hwnd_, nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-    Place(group_, 0, 0, width, height);
+    PlaceChild(group_, 0, 0, width, height);
     picker_.SetDpi(dpi);
     int inset = px(kPanelInset);
     SetWindowPos(picker_.Handle(), nullptr, inset, px(kPanelTop), 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
@@ -148,8 +139,8 @@ void PickerPanelWin::Layout(int dpi, HFONT font) {
     GetClientRect(picker_.Handle(), &pickerRect);
     int hintLeft = inset + pickerRect.right + inset;
     int buttonTop = height - inset - px(kButtonHeight);
-    Place(hint_, hintLeft, px(kPanelTop), width - hintLeft - inset, buttonTop - px(kPanelTop));
-    Place(cancel_, width - inset - px(kButtonWidth), buttonTop, px(kButtonWidth), px(kButtonHeight));
+    PlaceChild(hint_, hintLeft, px(kPanelTop), width - hintLeft - inset, buttonTop - px(kPanelTop));
+    PlaceChild(cancel_, width - inset - px(kButtonWidth), buttonTop, px(kButtonWidth), px(kButtonHeight));
     for (HWND child : {group_, hint_, cancel_}) SetFont(child, font);
 }
 
@@ -166,12 +157,12 @@ bool TextInputDialogWin::Create(const std::array<std::string, 3>& reference) {
     if (!CreateWindowOfClass(kDialogClass, kTitle, WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN,
                              WS_EX_DLGMODALFRAME | WS_EX_CONTROLPARENT, 0, 0, 0, 0, owner_))
         return false;
-    text_ = Child(hwnd_, "EDIT", "", WS_TABSTOP | WS_BORDER | ES_AUTOHSCROLL, kIdText);
+    text_ = ChildControl(hwnd_, "EDIT", "", WS_TABSTOP | WS_BORDER | ES_AUTOHSCROLL, kIdText);
     for (std::size_t i = 0; i < labels_.size(); ++i)
-        labels_[i] = Child(hwnd_, "STATIC", reference[i].c_str(), SS_LEFT | SS_NOPREFIX | WS_CLIPSIBLINGS, 0);
-    pick_ = Child(hwnd_, "BUTTON", "Window title...", WS_TABSTOP | BS_PUSHBUTTON, kIdPick);
-    ok_ = Child(hwnd_, "BUTTON", "OK", WS_TABSTOP | BS_DEFPUSHBUTTON, IDOK);
-    cancel_ = Child(hwnd_, "BUTTON", "Cancel", WS_TABSTOP | BS_PUSHBUTTON, IDCANCEL);
+        labels_[i] = ChildControl(hwnd_, "STATIC", reference[i].c_str(), SS_LEFT | SS_NOPREFIX | WS_CLIPSIBLINGS, 0);
+    pick_ = ChildControl(hwnd_, "BUTTON", "Window title...", WS_TABSTOP | BS_PUSHBUTTON, kIdPick);
+    ok_ = ChildControl(hwnd_, "BUTTON", "OK", WS_TABSTOP | BS_DEFPUSHBUTTON, IDOK);
+    cancel_ = ChildControl(hwnd_, "BUTTON", "Cancel", WS_TABSTOP | BS_PUSHBUTTON, IDCANCEL);
     if (!panel_.Create(hwnd_)) return false;
     dpi_ = WindowDpi(owner_);
     font_.Reset(CreateMessageFont(dpi_));
@@ -189,7 +180,7 @@ void TextInputDialogWin::Layout() {
     int labelsHeight = 0;
     for (HWND label : labels_) {
         SIZE extent = TextExtent(label, font);
-        Place(label, left, labelsTop, extent.cx, extent.cy);
+        PlaceChild(label, left, labelsTop, extent.cx, extent.cy);
         left += extent.cx + px(kColumnGap);
         labelsHeight = std::max(labelsHeight, static_cast<int>(extent.cy));
     }
@@ -197,11 +188,11 @@ void TextInputDialogWin::Layout() {
     int clientWidth = std::max(left - px(kColumnGap), margin + buttonsWidth) + margin;
     int buttonTop = labelsTop + labelsHeight + margin;
     int clientHeight = buttonTop + px(kButtonHeight) + margin;
-    Place(text_, margin, margin, clientWidth - 2 * margin, px(kTextHeight));
-    Place(pick_, margin, buttonTop, px(kPickButtonWidth), px(kButtonHeight));
+    PlaceChild(text_, margin, margin, clientWidth - 2 * margin, px(kTextHeight));
+    PlaceChild(pick_, margin, buttonTop, px(kPickButtonWidth), px(kButtonHeight));
     int right = clientWidth - margin;
-    Place(cancel_, right - px(kButtonWidth), buttonTop, px(kButtonWidth), px(kButtonHeight));
-    Place(ok_, right - px(2 * kButtonWidth + kButtonGap), buttonTop, px(kButtonWidth), px(kButtonHeight));
+    PlaceChild(cancel_, right - px(kButtonWidth), buttonTop, px(kButtonWidth), px(kButtonHeight));
+    PlaceChild(ok_, right - px(2 * kButtonWidth + kButtonGap), buttonTop, px(kButtonWidth), px(kButtonHeight));
     panel_.Layout(dpi_, font);
     SetWindowPos(panel_.Handle(), HWND_TOP, (clientWidth - px(kPanelWidth)) / 2,
                  labelsTop + (labelsHeight - px(kPanelHeight)) / 2, 0, 0, SWP_NOSIZE | SWP_NOACTIVATE);

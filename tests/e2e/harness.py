@@ -16,7 +16,7 @@ import types
 import unittest
 from pathlib import Path
 
-from wine_session import BUILD_DIR, OUT_DIR, POLL_SECONDS, REPO, TIMEOUT_SCALE, WINE, session, wait_until
+from wine_session import BUILD_DIR, OUT_DIR, POLL_SECONDS, REPO, TIMEOUT_SCALE, WINE, WinePrefix, session, wait_until
 
 APP_TITLE = "Klickwerk v{}.{}".format(*re.search(r"project\(Klickwerk VERSION (\d+)\.(\d+)",
                                                  (REPO / "CMakeLists.txt").read_text()).groups())
@@ -402,6 +402,12 @@ class WineTestCase(WineOperations, unittest.TestCase):
         self.out.mkdir(parents=True)
         self.started = []
         self.addCleanup(self.stop_started)
+
+    def use_144_dpi(self):
+        """Runs this test's programs in a prefix of its own at 144 dots per
+        inch, so the other tests keep their 96."""
+        self.prefix = WinePrefix(self.display, "wineprefix-144dpi",
+                                 (WinePrefix.UNMANAGED_WINDOWS, WinePrefix.DPI_144)).ensure()
 
     def assert_no_errors_logged(self):
         self.assertEqual("", self.error_log(), "Error.log")

@@ -3,7 +3,7 @@ Additional cell opens it over the main window; the window picker dragged onto
 another window appends that window's title; confirming checks presses
 against releases, writes the step and saves the working copy."""
 from harness import WineTestCase, file_bytes, script_lines, step
-from wine_session import WinePrefix, wait_until
+from wine_session import wait_until
 
 EDITOR = "Keystroke text"
 PROBE = "Probe Picker"
@@ -103,8 +103,7 @@ class KeystrokeEditorTest(WineTestCase):
         self.assert_no_errors_logged()
 
     def test_the_editor_is_crisp_at_144_dots_per_inch(self):
-        self.prefix = WinePrefix(self.display, "wineprefix-144dpi",
-                                 (WinePrefix.UNMANAGED_WINDOWS, WinePrefix.DPI_144)).ensure()
+        self.use_144_dpi()
         self.open_program(working_copy=script_lines([step(10, 20, keys="%winmin ")]))
         self.open_editor(1)
         self.driver("click", EDITOR, "Window title...")

@@ -5,7 +5,7 @@ closes with "Exit"."""
 import subprocess
 
 from harness import BUTTONS, WineTestCase, file_bytes, script_bytes, script_lines, step
-from wine_session import TIMEOUT_SCALE, WinePrefix, wait_until
+from wine_session import TIMEOUT_SCALE, wait_until
 
 # The window starts 6855 twips wide, which the minimum width raises to 6870.
 START_SIZE = (6870, 6610)
@@ -64,9 +64,7 @@ class MainWindowTest(WineTestCase):
         self.assert_looks_right(96)
 
     def test_the_window_looks_right_at_144_dots_per_inch(self):
-        # A prefix of its own with that setting, so the other tests keep their 96.
-        self.prefix = WinePrefix(self.display, "wineprefix-144dpi",
-                                 (WinePrefix.UNMANAGED_WINDOWS, WinePrefix.DPI_144)).ensure()
+        self.use_144_dpi()
         self.assert_looks_right(144)
 
     def test_about_box_slides_over_the_grid_and_back(self):

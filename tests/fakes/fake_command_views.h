@@ -1,6 +1,6 @@
 #pragma once
-// Stand-ins for the file dialogs, the about frame, the keystroke-text editor
-// and the grid's cell editors.
+// Stand-ins for the file dialogs, the about frame, the keystroke-text editor,
+// the grid's cell editors, the hint panel and the step-count frame.
 #include <deque>
 #include <functional>
 #include <map>
@@ -13,6 +13,7 @@
 #include "core/file_dialogs.h"
 #include "core/hint_view.h"
 #include "core/runtime_error.h"
+#include "core/step_count_view.h"
 #include "core/text_input_view.h"
 
 // Records every dialog request and answers from a script: each answer is a
@@ -142,5 +143,29 @@ public:
     std::string hint;
     bool dontShow = false;
     bool visible = false;
+    int centred = 0;
+};
+
+// txtSteps: like the real text box it reports every change of its text,
+// also one the program makes, through `onChange`.
+class FakeStepCountView : public StepCountView {
+public:
+    std::string Text() const override { return text; }
+    void SetText(const std::string& newText) override {
+        text = newText, selected = false;
+        if (onChange) onChange();
+    }
+    void SelectAll() override { selected = true; }
+    void Centre() override { ++centred; }
+
+    // What the user types over the selection or at the end of the text.
+    void Type(const std::string& typed) {
+        text = selected ? typed : text + typed, selected = false;
+        if (onChange) onChange();
+    }
+
+    std::function<void()> onChange;
+    std::string text;
+    bool selected = false;  // all of the text, with the focus
     int centred = 0;
 };

@@ -54,7 +54,8 @@ public:
     FakeTextInputView textInput;
     FakeCellEditors cells;
     FakeHintView hint;
+    FakeStepCountView stepCount;
     Platform platform{files, ini, registry, shell, input, windows, clock, osInfo, hooks};
-    Views views{grid, main, boxes, dialogs, about, textInput, cells, hint};
+    Views views{grid, main, boxes, dialogs, about, textInput, cells, hint, stepCount};
     App app{platform, views};
 };
