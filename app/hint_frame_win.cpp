@@ -11,14 +11,13 @@ constexpr const char* kClassName = "KlickwerkHintFrame";
 
 // The frame and its parts in twips.
 constexpr double kWidth = 5800;
-constexpr double kHeight = 2700;
+constexpr double kHeight = 3000;
 constexpr double kInset = 200;
 constexpr double kCaptionTop = 300;
 constexpr double kLineHeight = 300;
 constexpr double kHintTop = 700;
 constexpr double kButtonHeight = 375;
 constexpr double kButtonWidth = 1000;
-constexpr double kCheckWidth = 2600;
 constexpr double kGap = 90;
 
 enum ChildId : int { kIdDontShow = 10, kIdPrevious, kIdNext, kIdHide };
@@ -55,9 +54,11 @@ void HintFrameWin::Layout() {
     PlaceChild(group_, 0, 0, width, height);
     int inset = px(kInset);
     PlaceChild(caption_, inset, px(kCaptionTop), width - 2 * inset, px(kLineHeight));
+    // The buttons at the bottom right, chkDYK on its own line above them.
     int rowTop = height - inset - px(kButtonHeight);
-    PlaceChild(hint_, inset, px(kHintTop), width - 2 * inset, rowTop - px(kHintTop) - px(kGap));
-    PlaceChild(dontShow_, inset, rowTop, px(kCheckWidth), px(kButtonHeight));
+    int checkTop = rowTop - px(kGap) - px(kButtonHeight);
+    PlaceChild(hint_, inset, px(kHintTop), width - 2 * inset, checkTop - px(kHintTop) - px(kGap));
+    PlaceChild(dontShow_, inset, checkTop, width - 2 * inset, px(kButtonHeight));
     int left = width - inset - 3 * px(kButtonWidth) - 2 * px(kGap);
     for (HWND button : {previous_, next_, hide_}) {
         PlaceChild(button, left, rowTop, px(kButtonWidth), px(kButtonHeight));

@@ -4,9 +4,8 @@
 #   Klickwerk.exe, InHook.dll, Klickwerk.chm, DYK.dat, Scripts\FirstRun.kwf
 #
 # The hook library, the help file and the hint file go in when they exist (the
-# hook library and the hints come with later parts of the program; the help
-# file needs chmcmd). Each is looked up in the build tree first, then in the
-# source tree, as the end-to-end harness does. The files are staged in a
+# help file needs chmcmd). Each is looked up in the build tree first, then in
+# the source tree, as the end-to-end harness does. The files are staged in a
 # folder and zipped from there with `cmake -E tar`, so no zip program is needed.
 #
 # Target `package_zip` builds ${CMAKE_BINARY_DIR}/klickwerk.zip with every

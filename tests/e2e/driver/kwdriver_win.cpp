@@ -8,7 +8,8 @@
 //     grid <target>              the list view's rows: cells, their screen
 //                                rectangles and the check mark
 //     status <target>            the status bar's panels: text, screen rectangle
-//     toolbar <target>           the toolbar's buttons: caption, enabled state
+//     toolbar <target>           the toolbar's buttons: caption, enabled state,
+//                                screen rectangle
 //     toolclick <target> <caption>  presses a toolbar button by its caption
 //     click <target> <button>    presses a visible, enabled push button by its text
 //     select <target> [row ...]  selects exactly these grid rows (1-based)
@@ -252,7 +253,8 @@ Result ShowToolbar(HWND window, const Args&) {
     if (read.code != kOk) return read;
     std::vector<std::string> items;
     for (const ToolbarButton& button : buttons) {
-        items.push_back(Object({{"text", Text(button.text)}, {"enabled", Flag(button.enabled)}}));
+        items.push_back(
+            Object({{"text", Text(button.text)}, {"enabled", Flag(button.enabled)}, {"rect", Rect(button.rect)}}));
     }
     return {kOk, List(items)};
 }

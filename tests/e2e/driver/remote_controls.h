@@ -22,6 +22,7 @@ struct ToolbarButton {
     int id = 0;
     std::string text;
     bool enabled = false;
+    RECT rect{};  // screen pixels; a drop-down button's arrow is its right end
 };
 
 // Each returns false when a message to the control failed.

@@ -145,8 +145,12 @@ bool ReadToolbar(HWND toolbar, std::vector<ToolbarButton>& buttons) {
             !Send(toolbar, TB_GETBUTTONTEXTA, button.idCommand, memory.At(kTextOffset), length) || length < 0) {
             return false;
         }
-        buttons.push_back({button.idCommand, memory.Text(static_cast<SIZE_T>(length)),
-                           (button.fsState & TBSTATE_ENABLED) != 0});
+        ToolbarButton read{button.idCommand, memory.Text(static_cast<SIZE_T>(length)),
+                           (button.fsState & TBSTATE_ENABLED) != 0};
+        if (!Send(toolbar, TB_GETITEMRECT, index, memory.At(0), ok) || !ok || !memory.Read(0, &read.rect, sizeof(RECT)))
+            return false;
+        MapWindowPoints(toolbar, nullptr, reinterpret_cast<POINT*>(&read.rect), 2);
+        buttons.push_back(read);
         return true;
     });
 }
