@@ -35,14 +35,23 @@ target_link_libraries(wait_bench PRIVATE kw_platform)
 target_link_options(wait_bench PRIVATE ${KW_STATIC_RUNTIME})
 set_target_properties(wait_bench PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
 
+# A program of the program's own code and resources (its manifest: common
+# controls 6 and per-monitor DPI awareness), beside Klickwerk.exe.
+function(kw_program_fixture name source library)
+  add_executable(${name} ${source} ${KW_RESOURCE_SCRIPT})
+  target_include_directories(${name} PRIVATE ${KW_RESOURCE_INCLUDES})
+  target_compile_options(${name} PRIVATE $<$<COMPILE_LANGUAGE:CXX>:${KW_WARNINGS}>)
+  target_link_libraries(${name} PRIVATE ${library})
+  target_link_options(${name} PRIVATE ${KW_STATIC_RUNTIME})
+  set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
+endfunction()
+
 # Benchmark of the step grid: a long script read into the shown main window
-# and saved again, through the program's own code and resources.
-add_executable(grid_bench ${CMAKE_CURRENT_LIST_DIR}/bench/grid_bench_win.cpp ${KW_RESOURCE_SCRIPT})
-target_include_directories(grid_bench PRIVATE ${KW_RESOURCE_INCLUDES})
-target_compile_options(grid_bench PRIVATE $<$<COMPILE_LANGUAGE:CXX>:${KW_WARNINGS}>)
-target_link_libraries(grid_bench PRIVATE kw_app)
-target_link_options(grid_bench PRIVATE ${KW_STATIC_RUNTIME})
-set_target_properties(grid_bench PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
+# and saved again.
+kw_program_fixture(grid_bench ${CMAKE_CURRENT_LIST_DIR}/bench/grid_bench_win.cpp kw_app)
+
+# The custom controls in a window of their own, as a host shows them.
+kw_program_fixture(controls_fixture ${CMAKE_CURRENT_LIST_DIR}/controls_fixture/controls_fixture_win.cpp kw_controls)
 
 # InHook.dll without one of its exports, for the recorder's failure cases:
 # hook-variants/InHook-without-<export>.dll.

@@ -4,7 +4,9 @@
 //   kwdriver [--wait <ms>] <command> [arguments]
 //     windows                    titled top-level windows and open pop-up menus
 //     window <target>            states, rectangle, client size and screen origin
-//     controls <target>          child windows with class, text and states
+//     controls <target>          child windows with class, text and states;
+//                                buttons also with their check state
+//                                (BM_GETCHECK) and the type of their style
 //     grid <target>              the list view's rows: cells, their screen
 //                                rectangles and the check mark
 //     status <target>            the status bar's panels: text, screen rectangle
@@ -86,7 +88,9 @@ std::string List(const std::vector<std::string>& items) {
     return "[" + list + "]";
 }
 
-std::string Object(std::initializer_list<std::pair<const char*, std::string>> fields) {
+using Fields = std::vector<std::pair<const char*, std::string>>;
+
+std::string Object(const Fields& fields) {
     std::string object;
     for (const auto& [key, value] : fields) {
         object += (object.empty() ? "\"" : ",\"") + std::string(key) + "\":" + value;
@@ -143,15 +147,33 @@ std::vector<HWND> Windows(HWND parent) {
     return windows;
 }
 
+// The window that has the keyboard focus in the thread of `window`.
+HWND FocusOf(HWND window) {
+    GUITHREADINFO info{};
+    info.cbSize = sizeof info;
+    return GetGUIThreadInfo(GetWindowThreadProcessId(window, nullptr), &info) ? info.hwndFocus : nullptr;
+}
+
+// A button tells its kind by its style and, as check boxes do, its check
+// state by BM_GETCHECK.
+void DescribeButton(HWND button, Fields& fields) {
+    DWORD_PTR checked = 0;
+    SendMessageTimeoutA(button, BM_GETCHECK, 0, 0, SMTO_ABORTIFHUNG, 3000, &checked);
+    fields.emplace_back("checked", Number(static_cast<long long>(checked)));
+    fields.emplace_back("buttonType", Number(GetWindowLongA(button, GWL_STYLE) & BS_TYPEMASK));
+}
+
 std::string Describe(HWND window) {
     DWORD processId = 0;
     GetWindowThreadProcessId(window, &processId);
     RECT rect{};
     GetWindowRect(window, &rect);
-    return Object({{"hwnd", Number(reinterpret_cast<INT_PTR>(window))}, {"pid", Number(processId)},
-                   {"class", Text(ClassOf(window))}, {"text", Text(WindowText(window))},
-                   {"visible", Flag(IsWindowVisible(window))}, {"enabled", Flag(IsWindowEnabled(window))},
-                   {"rect", Rect(rect)}});
+    Fields fields{{"hwnd", Number(reinterpret_cast<INT_PTR>(window))}, {"pid", Number(processId)},
+                  {"class", Text(ClassOf(window))}, {"text", Text(WindowText(window))},
+                  {"visible", Flag(IsWindowVisible(window))}, {"enabled", Flag(IsWindowEnabled(window))},
+                  {"focused", Flag(FocusOf(window) == window)}, {"rect", Rect(rect)}};
+    if (_stricmp(ClassOf(window).c_str(), "Button") == 0) DescribeButton(window, fields);
+    return Object(fields);
 }
 
 // Visible windows win over hidden ones with the same title.
