@@ -29,7 +29,8 @@ class StepCountTest(WineTestCase):
         return self.control("Static", "Number of steps:")["visible"]
 
     def count_text(self):
-        return self.control("Edit")["text"]
+        # txtSteps is the one visible text box; the grid's txtCell waits hidden.
+        return next(c["text"] for c in self.controls() if c["class"] == "Edit" and c["visible"])
 
     def type_count(self, *keys):
         """Types over the selected count: text, or ("key", name) for a key."""
