@@ -1,16 +1,17 @@
 # End-to-end fixtures, built with the Windows program: probe.exe logs the
 # input and window events it receives; kwdriver.exe reads and operates other
-# programs' controls from outside. Both land beside Klickwerk.exe.
+# programs' controls from outside; reference.exe is the bare window program
+# that the benchmarks measure beside Klickwerk. All land beside Klickwerk.exe.
 add_executable(probe WIN32 ${CMAKE_CURRENT_LIST_DIR}/probe/probe_win.cpp)
-target_link_options(probe PRIVATE ${KW_STATIC_RUNTIME})
+add_executable(reference WIN32 ${CMAKE_CURRENT_LIST_DIR}/bench/reference_win.cpp)
 
 file(GLOB KW_DRIVER_SOURCES CONFIGURE_DEPENDS ${CMAKE_CURRENT_LIST_DIR}/driver/*_win.cpp)
 add_executable(kwdriver ${KW_DRIVER_SOURCES})
 target_link_libraries(kwdriver PRIVATE comctl32 winmm)
-target_link_options(kwdriver PRIVATE ${KW_STATIC_RUNTIME})
 
-foreach(fixture probe kwdriver)
+foreach(fixture probe reference kwdriver)
   target_compile_options(${fixture} PRIVATE ${KW_WARNINGS})
+  target_link_options(${fixture} PRIVATE ${KW_STATIC_RUNTIME})
   set_target_properties(${fixture} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
 endforeach()
 

@@ -33,6 +33,8 @@ BUTTONS = ["Start", "Stop", "RECORD", "Record options", "Repeat", "?"]
 # at the probe's positions must land on the probe.
 PROBE_RECT = (20, 750, 1240, 250)
 MOUSE_BUTTONS = {"ldown", "lup", "ldblclk", "rdown", "rup", "rdblclk", "mdown", "mup", "mdblclk"}
+RECORD_NOTICE = "Press {} to stop recording.\r\nPress F11 to create a new step manually.\r\nDo not press F10"
+RECORD_DONE = "Recording completed successfully."
 
 
 def win_path(path):
@@ -84,10 +86,14 @@ class ProbeEvents:
         self.log = Path(log)
 
     def timed(self):
-        """Every event with the probe's tick count."""
-        lines = self.log.read_text(errors="replace").splitlines() if self.log.exists() else []
+        """Every event with the time the probe received it: microseconds of
+        its performance counter, under Wine the host's CLOCK_MONOTONIC_RAW."""
+        return self.parse(self.log.read_text(errors="replace").splitlines() if self.log.exists() else [])
+
+    @classmethod
+    def parse(cls, lines):
         return [(tuple(int(word) if re.fullmatch(r"-?\d+", word) else word for word in match[1].split()),
-                 int(match[2])) for match in map(self.LINE.match, lines) if match]
+                 int(match[2])) for match in map(cls.LINE.match, lines) if match]
 
     def events(self, *kinds):
         return [event for event, _ in self.timed() if not kinds or event[0] in kinds]
@@ -285,6 +291,37 @@ class WineOperations:
         """Waits until the step counter reads `count` and the run is over."""
         wait_until(lambda: self.panels()[4] == str(count) and not self.running(), timeout,
                    f"a finished run with the step counter at {count}")
+
+    # Recording ------------------------------------------------------------------------
+
+    def start_recording(self, stop_key="ESCAPE", answer_first=None):
+        """Presses RECORD, answers the save question when one is given, and
+        confirms the notice."""
+        self.press("RECORD")
+        if answer_first:
+            self.wait_for_msgbox("New script will be created.  Save current script?")
+            self.answer(answer_first)
+        self.wait_for_msgbox(RECORD_NOTICE.format(stop_key))
+        self.answer("OK")
+        self.wait_for_record_caption(f"{stop_key} TO STOP")
+
+    def stop_recording(self, key="Escape"):
+        box = self.hold_key(key, lambda: self.driver("msgbox", allow_missing=True), "the recording to end")
+        if box["text"].startswith("There are "):  # the step current at the end holds a merged action's texts
+            self.answer("Yes")
+        self.wait_for_msgbox(RECORD_DONE)
+        self.answer("OK")
+        self.wait_for_record_caption("RECORD")
+
+    def wait_for_record_caption(self, caption):
+        wait_until(lambda: any(control["text"] == caption for control in self.controls()), 20,
+                   f"the record button to read {caption}")
+
+    def recorded(self, keys_only=False):
+        """The grid's steps as (X, Y, Button, Additional, Repeat), without X
+        and Y when only keys count."""
+        return [tuple((row["cells"][3:5] if keys_only else row["cells"][1:5]) + [row["cells"][7]])
+                for row in self.grid()]
 
     # File dialogs ---------------------------------------------------------------------
 

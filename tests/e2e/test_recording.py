@@ -3,12 +3,10 @@ probe window becomes steps in the grid, and a recorded session plays back
 into the probe as it was recorded."""
 from typing import Callable, NamedTuple
 
-from harness import APP_TITLE, WineTestCase, file_bytes, script_bytes, script_lines, step
+from harness import APP_TITLE, RECORD_NOTICE, WineTestCase, file_bytes, script_bytes, script_lines, step
 from wine_session import BUILD_DIR, wait_until
 
 PROBE = "Probe Recording"
-NOTICE = ("Press {} to stop recording.\r\nPress F11 to create a new step manually.\r\nDo not press F10")
-DONE = "Recording completed successfully."
 
 
 def at(probe_at, dx, dy):
@@ -51,31 +49,6 @@ SCENARIOS = {
 
 
 class RecordingTest(WineTestCase):
-    def start_recording(self, stop_key="ESCAPE", answer_first=None):
-        self.press("RECORD")
-        if answer_first:
-            self.wait_for_msgbox("New script will be created.  Save current script?")
-            self.answer(answer_first)
-        self.wait_for_msgbox(NOTICE.format(stop_key))
-        self.answer("OK")
-        self.wait_for_record_caption(f"{stop_key} TO STOP")
-
-    def stop_recording(self, key="Escape"):
-        box = self.hold_key(key, lambda: self.driver("msgbox", allow_missing=True), "the recording to end")
-        if box["text"].startswith("There are "):  # the step current at the end holds a merged action's texts
-            self.answer("Yes")
-        self.wait_for_msgbox(DONE)
-        self.answer("OK")
-        self.wait_for_record_caption("RECORD")
-
-    def wait_for_record_caption(self, caption):
-        wait_until(lambda: any(control["text"] == caption for control in self.controls()), 20,
-                   f"the record button to read {caption}")
-
-    def recorded(self, keys_only=False):
-        return [tuple((row["cells"][3:5] if keys_only else row["cells"][1:5]) + [row["cells"][7]])
-                for row in self.grid()]
-
     def act(self, actions, steps, keys_only=False):
         """Sends the X input and waits until the steps are closed, with the
         next, blank step current: a click is only a step once its
@@ -173,7 +146,7 @@ class RecordingTest(WineTestCase):
         # Without "InitMouse" the record command fails into the error log.
         self.open_program(files={"InHook.dll": (variants / "InHook-without-InitMouse.dll").read_bytes()})
         self.press("RECORD")
-        self.wait_for_msgbox(NOTICE.format("ESCAPE"))
+        self.wait_for_msgbox(RECORD_NOTICE.format("ESCAPE"))
         self.answer("OK")
         wait_until(self.error_log, 20, "the record command's failure in the error log",
                    accept=lambda log: "InitMouse" in log and "RecordButton" in log)

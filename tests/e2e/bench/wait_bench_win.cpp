@@ -12,9 +12,9 @@
 #include <timeapi.h>
 
 #include <algorithm>
-#include <cstdio>
 #include <cstdlib>
-#include <vector>
+
+#include "wait_errors.h"
 
 namespace {
 
@@ -38,10 +38,6 @@ HWND CreateTickingWindow() {
     return window;
 }
 
-double Milliseconds(LARGE_INTEGER from, LARGE_INTEGER to, LARGE_INTEGER frequency) {
-    return static_cast<double>(to.QuadPart - from.QuadPart) * 1000.0 / static_cast<double>(frequency.QuadPart);
-}
-
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -52,22 +48,8 @@ int main(int argc, char** argv) {
     HWND window = CreateTickingWindow();
     WinClock clock;
     const bool stop = false;
-    LARGE_INTEGER frequency;
-    QueryPerformanceFrequency(&frequency);
-    std::vector<double> errors;
-    for (int i = 0; i < count; ++i) {
-        LARGE_INTEGER start, end;
-        QueryPerformanceCounter(&start);
-        clock.Wait(seconds, stop);
-        QueryPerformanceCounter(&end);
-        errors.push_back(Milliseconds(start, end, frequency) - seconds * 1000);
-    }
-    double sum = 0;
-    for (double error : errors) sum += error;
-    const auto worst = std::max_element(errors.begin(), errors.end(),
-                                        [](double a, double b) { return std::abs(a) < std::abs(b); });
+    PrintWaitErrors("Wait", count, seconds, [&] { clock.Wait(seconds, stop); });
     if (period) timeEndPeriod(period);
-    printf("Wait(%g) x %d: mean error %+.2f ms, worst %+.2f ms\n", seconds, count, sum / count, *worst);
     DestroyWindow(window);
     return 0;
 }

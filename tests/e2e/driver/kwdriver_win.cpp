@@ -25,6 +25,8 @@
 //                                push button is enabled; prints the time
 //     startup <exe>              how a running program was told to show its
 //                                window: STARTUPINFO's flags and show command
+//     showtime <class> <exe> [arguments]  starts the program, prints the time
+//                                until a window of that class is shown, ends it
 //     msgbox [--pid <pid>]       the first visible message box or dialog,
 //                                with its owner's window class
 //     answer <button> [--pid <pid>]  presses a message-box button by its text
@@ -341,6 +343,39 @@ Result EndSession(HWND window, const Args&) {
     return {kOk, Object({{"agreed", Flag(agreed != 0)}})};
 }
 
+// Milliseconds on the performance counter since it was made.
+class Stopwatch {
+public:
+    Stopwatch() {
+        QueryPerformanceFrequency(&frequency_);
+        QueryPerformanceCounter(&start_);
+    }
+    double Ms() const {
+        LARGE_INTEGER now;
+        QueryPerformanceCounter(&now);
+        return static_cast<double>(now.QuadPart - start_.QuadPart) * 1000.0 / static_cast<double>(frequency_.QuadPart);
+    }
+    std::string Text() const {
+        char text[32];
+        snprintf(text, sizeof text, "%.2f", Ms());
+        return text;
+    }
+
+private:
+    LARGE_INTEGER frequency_, start_;
+};
+
+// Polls a condition every millisecond until it holds or the time is up: the
+// poll adds about a millisecond at most to what the stopwatch shows.
+template <typename Condition>
+bool PollUntil(const Stopwatch& watch, Condition condition, double limitMs) {
+    timeBeginPeriod(1);
+    bool met = false;
+    while (!(met = condition()) && watch.Ms() < limitMs) Sleep(1);
+    timeEndPeriod(1);
+    return met;
+}
+
 // Presses the key as a keyboard does (keybd_event also sets the asynchronous
 // state that polling programs read). The key must find the button disabled (a
 // run in progress) and end with it enabled again: the time between is how
@@ -349,25 +384,14 @@ Result PressKeyUntilEnabled(HWND window, const Args& args) {
     HWND button = args.size() < 4 ? nullptr : FindDescendant(window, "Button", args[3]);
     if (!button) return Fail(kNotFound, "no such button");
     if (IsWindowEnabled(button)) return Fail(kFailed, "the button is enabled already");
-    LARGE_INTEGER frequency, start, now;
-    QueryPerformanceFrequency(&frequency);
-    auto elapsedMs = [&] {
-        QueryPerformanceCounter(&now);
-        return static_cast<double>(now.QuadPart - start.QuadPart) * 1000.0 / static_cast<double>(frequency.QuadPart);
-    };
     const BYTE key = static_cast<BYTE>(strtoul(args[2].c_str(), nullptr, 10));
-    timeBeginPeriod(1);  // fine sleeps: the poll adds about a millisecond at most
-    QueryPerformanceCounter(&start);
+    const Stopwatch watch;
     keybd_event(key, 0, 0, 0);
-    bool enabled = false;
-    while (!(enabled = IsWindowEnabled(button) != FALSE) && elapsedMs() < 10000) Sleep(1);
-    const double milliseconds = elapsedMs();
+    const bool enabled = PollUntil(watch, [&] { return IsWindowEnabled(button) != FALSE; }, 10000);
+    const std::string ms = watch.Text();
     keybd_event(key, 0, KEYEVENTF_KEYUP, 0);
-    timeEndPeriod(1);
     if (!enabled) return Fail(kFailed, "the button stayed disabled");
-    char text[32];
-    snprintf(text, sizeof text, "%.2f", milliseconds);
-    return {kOk, Object({{"ms", text}})};
+    return {kOk, Object({{"ms", ms}})};
 }
 
 // Processes ------------------------------------------------------------------------
@@ -405,6 +429,40 @@ Result ShowStartup(const Args& args) {
     if (process) CloseHandle(process);
     if (!read) return Fail(kFailed, "could not read the process parameters");
     return {kOk, Object({{"startupFlags", Number(flags[0])}, {"showWindow", Number(flags[1])}})};
+}
+
+bool ShowsWindowOfClass(DWORD processId, const std::string& className) {
+    for (HWND window : Windows(nullptr)) {
+        DWORD owner = 0;
+        GetWindowThreadProcessId(window, &owner);
+        if (owner == processId && IsWindowVisible(window) && ClassOf(window) == className) return true;
+    }
+    return false;
+}
+
+// Starts a program in its own folder, as a double click on it does, times it
+// until a visible window of the class belongs to it, then ends it.
+Result TimeUntilShown(const Args& args) {
+    if (args.size() < 3) return Fail(kFailed, "showtime needs a window class and a program");
+    std::string commandLine;
+    for (size_t i = 2; i < args.size(); ++i) commandLine += "\"" + args[i] + "\" ";
+    const std::string folder = args[2].substr(0, args[2].find_last_of("\\/") + 1);
+    STARTUPINFOA startup{};
+    startup.cb = sizeof startup;
+    PROCESS_INFORMATION started{};
+    const Stopwatch watch;
+    if (!CreateProcessA(nullptr, commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr,
+                        folder.empty() ? nullptr : folder.c_str(), &startup, &started)) {
+        return Fail(kFailed, "cannot start " + args[2]);
+    }
+    const bool shown = PollUntil(watch, [&] { return ShowsWindowOfClass(started.dwProcessId, args[1]); }, 60000);
+    const std::string ms = watch.Text();
+    TerminateProcess(started.hProcess, 0);
+    WaitForSingleObject(started.hProcess, 10000);
+    CloseHandle(started.hThread);
+    CloseHandle(started.hProcess);
+    if (!shown) return Fail(kFailed, "no window of class " + args[1] + " was shown");
+    return {kOk, Object({{"ms", ms}})};
 }
 
 // Message boxes ------------------------------------------------------------------
@@ -489,6 +547,7 @@ Result Run(const Args& args) {
     };
     if (args[0] == "windows") return ListWindows(args);
     if (args[0] == "startup") return ShowStartup(args);
+    if (args[0] == "showtime") return TimeUntilShown(args);
     if (args[0] == "msgbox") return ShowMessageBox(args);
     if (args[0] == "answer") return AnswerMessageBox(args);
     for (const auto& command : kWindowCommands) {

@@ -4,7 +4,9 @@
 //
 //   probe.exe --log <file> [--title <text>] [--rect x,y,w,h]
 //
-// Each line is an event's kind and its numbers, then " t=<tick count>":
+// Each line is an event's kind and its numbers, then " t=<microseconds>" of
+// the performance counter when the window received it (under Wine the
+// counter is the host's CLOCK_MONOTONIC_RAW, so host and probe share a clock):
 // "down <vk>", "up <vk>", "char <code>", "<mouse kind> <screen x> <screen y>",
 // "size <state> <width> <height>", "moved <x> <y>", "close", and first
 // "ready <pid> <client x> <client y> <width> <height>".
@@ -19,6 +21,15 @@ namespace {
 
 HANDLE logFile = INVALID_HANDLE_VALUE;
 
+unsigned long long Microseconds() {
+    LARGE_INTEGER counter, frequency;
+    QueryPerformanceCounter(&counter);
+    QueryPerformanceFrequency(&frequency);
+    const auto ticks = static_cast<unsigned long long>(counter.QuadPart);
+    const auto perSecond = static_cast<unsigned long long>(frequency.QuadPart);
+    return ticks / perSecond * 1000000 + ticks % perSecond * 1000000 / perSecond;
+}
+
 // WriteFile without a user-space buffer: a reader sees each line at once.
 void LogLine(const char* format, ...) {
     char text[256];
@@ -28,7 +39,7 @@ void LogLine(const char* format, ...) {
     va_end(args);
     if (length < 0) return;
     length = static_cast<int>(strlen(text));
-    length += snprintf(text + length, sizeof text - length, " t=%lu\n", GetTickCount());
+    length += snprintf(text + length, sizeof text - length, " t=%llu\n", Microseconds());
     DWORD written = 0;
     WriteFile(logFile, text, static_cast<DWORD>(length), &written, nullptr);
 }
