@@ -39,7 +39,6 @@ from pathlib import Path
 from typing import NamedTuple
 
 HERE = Path(__file__).resolve().parent
-ESCAPE = 27
 FIGURES = ("typing", "waits", "stop", "cpu", "grid", "startup", "size", "recording", "recdelay")
 PROBE = "Probe Bench"
 REFERENCE_WINDOW = "Reference Window"
@@ -105,7 +104,7 @@ def now_us():
 
 
 def spread(values, unit, digits=0):
-    """"median M unit (min-max)" of a few rounds."""
+    """The median and the range of a few rounds, as "median M unit (min-max)"."""
     return (f"median {statistics.median(values):.{digits}f} {unit} "
             f"({min(values):.{digits}f}-{max(values):.{digits}f})")
 
@@ -205,8 +204,8 @@ def recording_session(origin, seed=9):
 
     def drag():
         start, end = places.pop(), places.pop()
-        return Action([move(start) + ["mousedown", "1", "sleep", "0.05"] + move(end) + ["sleep", "0.05", "mouseup", "1"]],
-                      0.1, [("drag", *start, *end)], 2)
+        commands = move(start) + ["mousedown", "1", "sleep", "0.05"] + move(end) + ["sleep", "0.05", "mouseup", "1"]
+        return Action([commands], 0.1, [("drag", *start, *end)], 2)
 
     def word():
         letters = typed_word(rng, 11)
@@ -244,10 +243,10 @@ def recorded_events(steps):
 
 def make_bench_case():
     # The harness reads KW_BUILD_DIR when it is first imported.
-    from harness import SETTLED, WineTestCase, script_lines, step, win_path
+    from harness import SETTLED, VK_ESCAPE, WineTestCase, script_lines, step, win_path
     from wine_session import BUILD_DIR, wait_until
 
-    class PlaybackBench(WineTestCase):
+    class WineBench(WineTestCase):
         def report(self, figure, title, value, target, reference="—"):
             """Prints the figure's line and keeps it for the closing table."""
             beside = f"reference: {reference}; " if reference != "—" else ""
@@ -262,7 +261,8 @@ def make_bench_case():
             return exit_code, output.read_text().strip().splitlines()
 
         def cpu_use(self, pid, seconds=10):
-            """The process's and the wine server's share of one core, in percent."""
+            """The process's and the wine server's share of one core over the
+            seconds, as text."""
             pids = {"process": pid, "server": wineserver_pid(self.prefix.path)}
             before = {name: cpu_seconds(pid) for name, pid in pids.items() if pid}
             started = time.monotonic()
@@ -322,7 +322,7 @@ def make_bench_case():
             latencies = []
             for _ in range(10):
                 self.start_run()
-                latencies.append(self.driver("presskey", self.main["target"], str(ESCAPE), "Start")["ms"])
+                latencies.append(self.driver("presskey", self.main["target"], str(VK_ESCAPE), "Start")["ms"])
             self.report("stop", "Stop latency, stop key in a 10-minute wait",
                         f"mean {statistics.mean(latencies):.1f} ms, worst {max(latencies):.1f} ms "
                         f"over {len(latencies)} runs", "under 60 ms")
@@ -456,7 +456,7 @@ def make_bench_case():
                         f"(medians {statistics.median(on):.2f} and {statistics.median(off):.2f} ms; "
                         f"{len(on)} and {len(off)} key presses and pointer moves)", "under 1 ms added")
 
-    return PlaybackBench
+    return WineBench
 
 
 def print_table():

@@ -35,6 +35,7 @@ PROBE_RECT = (20, 750, 1240, 250)
 MOUSE_BUTTONS = {"ldown", "lup", "ldblclk", "rdown", "rup", "rdblclk", "mdown", "mup", "mdblclk"}
 RECORD_NOTICE = "Press {} to stop recording.\r\nPress F11 to create a new step manually.\r\nDo not press F10"
 RECORD_DONE = "Recording completed successfully."
+VK_ESCAPE = 27
 
 
 def win_path(path):
@@ -305,8 +306,13 @@ class WineOperations:
         self.answer("OK")
         self.wait_for_record_caption(f"{stop_key} TO STOP")
 
-    def stop_recording(self, key="Escape"):
-        box = self.hold_key(key, lambda: self.driver("msgbox", allow_missing=True), "the recording to end")
+    def stop_recording(self, virtual_key=VK_ESCAPE):
+        """Holds the stop key until the recording has ended (Start is enabled
+        again), then answers the closing boxes. The key is pressed inside
+        Wine: a held X key repeats, and a repeat would close the closing
+        notice before it is seen."""
+        self.driver("presskey", self.main["target"], str(virtual_key), "Start")
+        box = wait_until(lambda: self.driver("msgbox", allow_missing=True), 20, "the recording's closing box")
         if box["text"].startswith("There are "):  # the step current at the end holds a merged action's texts
             self.answer("Yes")
         self.wait_for_msgbox(RECORD_DONE)

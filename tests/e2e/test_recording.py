@@ -77,7 +77,7 @@ class RecordingTest(WineTestCase):
         self.open_program(StopKey=116)
         self.focus(APP_TITLE)
         self.start_recording(stop_key="F5")
-        self.stop_recording(key="F5")
+        self.stop_recording(virtual_key=116)  # F5
         self.assertEqual([], self.grid())
         self.assert_no_errors_logged()
 
