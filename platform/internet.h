@@ -34,17 +34,17 @@ public:
     // InternetConnectA to an FTP server, in passive mode.
     virtual InternetHandle FtpConnect(InternetHandle session, const std::string& server, int port,
                                       const std::string& user, const std::string& password) = 0;
-    virtual bool FtpCreateDirectory(InternetHandle connection, const std::string& name) = 0;
-    virtual bool FtpSetCurrentDirectory(InternetHandle connection, const std::string& name) = 0;
+    virtual bool FtpMakeDir(InternetHandle connection, const std::string& name) = 0;
+    virtual bool FtpChangeDir(InternetHandle connection, const std::string& name) = 0;
     // Binary transfers; a local file of the same name is overwritten.
-    virtual bool FtpPutFile(InternetHandle connection, const std::string& localFile, const std::string& remoteFile) = 0;
-    virtual bool FtpGetFile(InternetHandle connection, const std::string& remoteFile, const std::string& localFile) = 0;
-    virtual bool FtpRenameFile(InternetHandle connection, const std::string& from, const std::string& to) = 0;
-    virtual bool FtpDeleteFile(InternetHandle connection, const std::string& name) = 0;
-    virtual bool FtpRemoveDirectory(InternetHandle connection, const std::string& name) = 0;
+    virtual bool FtpPut(InternetHandle connection, const std::string& localFile, const std::string& remoteFile) = 0;
+    virtual bool FtpGet(InternetHandle connection, const std::string& remoteFile, const std::string& localFile) = 0;
+    virtual bool FtpRename(InternetHandle connection, const std::string& from, const std::string& to) = 0;
+    virtual bool FtpDelete(InternetHandle connection, const std::string& name) = 0;
+    virtual bool FtpRemoveDir(InternetHandle connection, const std::string& name) = 0;
     // FtpFindFirstFileA and InternetFindNextFileA: the names in the current
     // folder that match, nothing when the listing fails.
-    virtual std::optional<std::vector<std::string>> FtpFindFiles(InternetHandle connection,
+    virtual std::optional<std::vector<std::string>> FtpList(InternetHandle connection,
                                                                  const std::string& pattern) = 0;
     // The last failed call's error number and text; for an FTP call the
     // server refused, the server's answer.

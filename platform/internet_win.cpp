@@ -84,43 +84,45 @@ InternetHandle WinInternet::FtpConnect(InternetHandle session, const std::string
                                    password.c_str(), INTERNET_SERVICE_FTP, INTERNET_FLAG_PASSIVE, 0));
 }
 
-bool WinInternet::FtpCreateDirectory(InternetHandle connection, const std::string& name) {
+bool WinInternet::FtpMakeDir(InternetHandle connection, const std::string& name) {
     return Done(FtpCreateDirectoryA(Hinternet(connection), name.c_str()));
 }
 
-bool WinInternet::FtpSetCurrentDirectory(InternetHandle connection, const std::string& name) {
+bool WinInternet::FtpChangeDir(InternetHandle connection, const std::string& name) {
     return Done(FtpSetCurrentDirectoryA(Hinternet(connection), name.c_str()));
 }
 
-bool WinInternet::FtpPutFile(InternetHandle connection, const std::string& localFile, const std::string& remoteFile) {
+bool WinInternet::FtpPut(InternetHandle connection, const std::string& localFile, const std::string& remoteFile) {
     return Done(FtpPutFileA(Hinternet(connection), localFile.c_str(), remoteFile.c_str(), FTP_TRANSFER_TYPE_BINARY, 0));
 }
 
-bool WinInternet::FtpGetFile(InternetHandle connection, const std::string& remoteFile, const std::string& localFile) {
+bool WinInternet::FtpGet(InternetHandle connection, const std::string& remoteFile, const std::string& localFile) {
     return Done(FtpGetFileA(Hinternet(connection), remoteFile.c_str(), localFile.c_str(), FALSE, FILE_ATTRIBUTE_NORMAL,
                             FTP_TRANSFER_TYPE_BINARY | INTERNET_FLAG_RELOAD, 0));
 }
 
-bool WinInternet::FtpRenameFile(InternetHandle connection, const std::string& from, const std::string& to) {
+bool WinInternet::FtpRename(InternetHandle connection, const std::string& from, const std::string& to) {
     return Done(FtpRenameFileA(Hinternet(connection), from.c_str(), to.c_str()));
 }
 
-bool WinInternet::FtpDeleteFile(InternetHandle connection, const std::string& name) {
+bool WinInternet::FtpDelete(InternetHandle connection, const std::string& name) {
     return Done(FtpDeleteFileA(Hinternet(connection), name.c_str()));
 }
 
-bool WinInternet::FtpRemoveDirectory(InternetHandle connection, const std::string& name) {
+bool WinInternet::FtpRemoveDir(InternetHandle connection, const std::string& name) {
     return Done(FtpRemoveDirectoryA(Hinternet(connection), name.c_str()));
 }
 
-std::optional<std::vector<std::string>> WinInternet::FtpFindFiles(InternetHandle connection,
+std::optional<std::vector<std::string>> WinInternet::FtpList(InternetHandle connection,
                                                                   const std::string& pattern) {
     WIN32_FIND_DATAA found{};
     HINTERNET search = FtpFindFirstFileA(Hinternet(connection), pattern.c_str(), &found, INTERNET_FLAG_RELOAD, 0);
     std::vector<std::string> names;
-    // An empty folder is a listing without names, not a failure.
+    // An empty folder is a listing without names, not a failure; Wine tells
+    // it without an error number.
     if (!search) {
-        if (GetLastError() == ERROR_NO_MORE_FILES) return names;
+        DWORD error = GetLastError();
+        if (error == ERROR_NO_MORE_FILES || error == ERROR_SUCCESS) return names;
         Done(false);
         return std::nullopt;
     }

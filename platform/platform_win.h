@@ -60,14 +60,14 @@ public:
     void Close(InternetHandle handle) override;
     InternetHandle FtpConnect(InternetHandle session, const std::string& server, int port, const std::string& user,
                               const std::string& password) override;
-    bool FtpCreateDirectory(InternetHandle connection, const std::string& name) override;
-    bool FtpSetCurrentDirectory(InternetHandle connection, const std::string& name) override;
-    bool FtpPutFile(InternetHandle connection, const std::string& localFile, const std::string& remoteFile) override;
-    bool FtpGetFile(InternetHandle connection, const std::string& remoteFile, const std::string& localFile) override;
-    bool FtpRenameFile(InternetHandle connection, const std::string& from, const std::string& to) override;
-    bool FtpDeleteFile(InternetHandle connection, const std::string& name) override;
-    bool FtpRemoveDirectory(InternetHandle connection, const std::string& name) override;
-    std::optional<std::vector<std::string>> FtpFindFiles(InternetHandle connection,
+    bool FtpMakeDir(InternetHandle connection, const std::string& name) override;
+    bool FtpChangeDir(InternetHandle connection, const std::string& name) override;
+    bool FtpPut(InternetHandle connection, const std::string& localFile, const std::string& remoteFile) override;
+    bool FtpGet(InternetHandle connection, const std::string& remoteFile, const std::string& localFile) override;
+    bool FtpRename(InternetHandle connection, const std::string& from, const std::string& to) override;
+    bool FtpDelete(InternetHandle connection, const std::string& name) override;
+    bool FtpRemoveDir(InternetHandle connection, const std::string& name) override;
+    std::optional<std::vector<std::string>> FtpList(InternetHandle connection,
                                                          const std::string& pattern) override;
     InternetError LastError() override;
 

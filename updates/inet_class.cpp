@@ -91,31 +91,31 @@ void INetClass::Disconnect() {
     os_.internet.Close(std::exchange(connection_, 0));
 }
 
-bool INetClass::CreateDir(const std::string& name) { return Kept(os_.internet.FtpCreateDirectory(connection_, name)); }
+bool INetClass::CreateDir(const std::string& name) { return Kept(os_.internet.FtpMakeDir(connection_, name)); }
 
-bool INetClass::CD(const std::string& name) { return Kept(os_.internet.FtpSetCurrentDirectory(connection_, name)); }
+bool INetClass::CD(const std::string& name) { return Kept(os_.internet.FtpChangeDir(connection_, name)); }
 
 bool INetClass::Send(const std::string& localFile, const std::string& remoteFile) {
-    return Kept(os_.internet.FtpPutFile(connection_, localFile, remoteFile));
+    return Kept(os_.internet.FtpPut(connection_, localFile, remoteFile));
 }
 
 bool INetClass::Rename(const std::string& from, const std::string& to) {
-    return Kept(os_.internet.FtpRenameFile(connection_, from, to));
+    return Kept(os_.internet.FtpRename(connection_, from, to));
 }
 
 std::optional<std::vector<std::string>> INetClass::EnumFiles() {
-    std::optional<std::vector<std::string>> names = os_.internet.FtpFindFiles(connection_, kAllFiles);
+    std::optional<std::vector<std::string>> names = os_.internet.FtpList(connection_, kAllFiles);
     Kept(names.has_value());
     return names;
 }
 
 bool INetClass::GetFile(const std::string& remoteFile, const std::string& localFile) {
-    return Kept(os_.internet.FtpGetFile(connection_, remoteFile, localFile));
+    return Kept(os_.internet.FtpGet(connection_, remoteFile, localFile));
 }
 
-bool INetClass::DelFile(const std::string& name) { return Kept(os_.internet.FtpDeleteFile(connection_, name)); }
+bool INetClass::DelFile(const std::string& name) { return Kept(os_.internet.FtpDelete(connection_, name)); }
 
-bool INetClass::DelDir(const std::string& name) { return Kept(os_.internet.FtpRemoveDirectory(connection_, name)); }
+bool INetClass::DelDir(const std::string& name) { return Kept(os_.internet.FtpRemoveDir(connection_, name)); }
 
 void INetClass::ShowError() {
     boxes_.Show("Error " + std::to_string(lastError_.number) + ": " + lastError_.text, title_, BoxStyle::Error);

@@ -12,7 +12,7 @@ constexpr const char* kDialogClass = "KlickwerkUpdates";
 // in two lines with room for a third.
 constexpr double kMargin = 240;
 constexpr double kDisplayWidth = 5400;
-constexpr double kDisplayHeight = 900;
+constexpr double kDisplayHeight = 660;
 constexpr double kButtonWidth = 1500;
 constexpr double kButtonHeight = 375;
 constexpr double kButtonGap = 120;

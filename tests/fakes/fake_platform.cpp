@@ -187,7 +187,7 @@ InternetHandle FakeInternet::FtpConnect(InternetHandle, const std::string& serve
     return NewHandle();
 }
 
-std::optional<std::vector<std::string>> FakeInternet::FtpFindFiles(InternetHandle, const std::string& pattern) {
+std::optional<std::vector<std::string>> FakeInternet::FtpList(InternetHandle, const std::string& pattern) {
     if (!Ftp("list " + pattern)) return std::nullopt;
     return files;
 }

@@ -183,20 +183,20 @@ public:
     void Close(InternetHandle handle) override;
     InternetHandle FtpConnect(InternetHandle session, const std::string& server, int port, const std::string& user,
                               const std::string& password) override;
-    bool FtpCreateDirectory(InternetHandle, const std::string& name) override { return Ftp("mkdir " + name); }
-    bool FtpSetCurrentDirectory(InternetHandle, const std::string& name) override { return Ftp("cd " + name); }
-    bool FtpPutFile(InternetHandle, const std::string& local, const std::string& remote) override {
+    bool FtpMakeDir(InternetHandle, const std::string& name) override { return Ftp("mkdir " + name); }
+    bool FtpChangeDir(InternetHandle, const std::string& name) override { return Ftp("cd " + name); }
+    bool FtpPut(InternetHandle, const std::string& local, const std::string& remote) override {
         return Ftp("put " + local + " " + remote);
     }
-    bool FtpGetFile(InternetHandle, const std::string& remote, const std::string& local) override {
+    bool FtpGet(InternetHandle, const std::string& remote, const std::string& local) override {
         return Ftp("get " + remote + " " + local);
     }
-    bool FtpRenameFile(InternetHandle, const std::string& from, const std::string& to) override {
+    bool FtpRename(InternetHandle, const std::string& from, const std::string& to) override {
         return Ftp("rename " + from + " " + to);
     }
-    bool FtpDeleteFile(InternetHandle, const std::string& name) override { return Ftp("delete " + name); }
-    bool FtpRemoveDirectory(InternetHandle, const std::string& name) override { return Ftp("rmdir " + name); }
-    std::optional<std::vector<std::string>> FtpFindFiles(InternetHandle, const std::string& pattern) override;
+    bool FtpDelete(InternetHandle, const std::string& name) override { return Ftp("delete " + name); }
+    bool FtpRemoveDir(InternetHandle, const std::string& name) override { return Ftp("rmdir " + name); }
+    std::optional<std::vector<std::string>> FtpList(InternetHandle, const std::string& pattern) override;
     InternetError LastError() override { return error; }
 
     // url -> content; an address missing here is a server that cannot be reached.
