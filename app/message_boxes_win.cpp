@@ -4,6 +4,7 @@ namespace {
 UINT Flags(BoxStyle style) {
     switch (style) {
         case BoxStyle::Information: return MB_OK | MB_ICONINFORMATION;
+        case BoxStyle::SystemModalInformation: return MB_OK | MB_ICONINFORMATION | MB_SYSTEMMODAL;
         case BoxStyle::Exclamation: return MB_OK | MB_ICONEXCLAMATION;
         case BoxStyle::Error: return MB_OK | MB_ICONERROR;
         case BoxStyle::QuestionYesNo: return MB_YESNO | MB_ICONQUESTION;

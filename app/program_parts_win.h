@@ -12,6 +12,7 @@
 #include "platform/platform_win.h"
 #include "recorder/text_input_dialog_win.h"
 #include "script/step_grid.h"
+#include "updates/updates_dialog_win.h"
 
 struct WinSystem {
     WinFiles files;
@@ -23,7 +24,8 @@ struct WinSystem {
     WinClock clock;
     WinOsInfo osInfo;
     WinHookLibrary hooks;
-    Platform platform{files, ini, registry, shell, input, windows, clock, osInfo, hooks};
+    WinInternet internet;
+    Platform platform{files, ini, registry, shell, input, windows, clock, osInfo, hooks, internet};
 };
 
 struct WinViews {
@@ -36,5 +38,6 @@ struct WinViews {
     MessageBoxesWin boxes;
     FileDialogsWin dialogs;
     TextInputDialogWin textInput;
-    Views views{steps, main, boxes, dialogs, about, textInput, cells, hint, main.StepCountFrame()};
+    UpdatesDialogWin updates;
+    Views views{steps, main, boxes, dialogs, about, textInput, cells, hint, main.StepCountFrame(), updates};
 };

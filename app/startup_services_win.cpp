@@ -8,6 +8,7 @@
 #include "app/main_timers.h"
 #include "platform/message_pump_win.h"
 #include "recorder/input_hook.h"
+#include "updates/update_check.h"
 
 namespace {
 // The window classes the main window is made of. Start-up initialises every
@@ -32,6 +33,7 @@ void StartupServicesWin::LoadMainWindow() {
     windows_.boxes.SetOwner(main_.Handle());
     windows_.dialogs.SetOwner(main_.Handle());
     windows_.textInput.SetOwner(main_.Handle());
+    windows_.updates.SetOwner(main_.Handle());
     SetKeyboardNavigationWindow(main_.Handle());
     CreateMainTimers(app_);
     MainLoad(app_, *this);
@@ -41,7 +43,7 @@ void StartupServicesWin::FinishLoad() { main_.SetTimer(Timer::ColResize, true); 
 
 void StartupServicesWin::ShowHint() { ShowHintPanel(app_); }
 
-void StartupServicesWin::CheckForUpdates() {}
+void StartupServicesWin::CheckForUpdates() { ::CheckForUpdates(app_); }
 
 void StartupServicesWin::StartPlayback() {
     // The splash stays up while the main window loads; it must not stand in

@@ -18,11 +18,13 @@
 #include "core/message_boxes.h"
 #include "core/step_count_view.h"
 #include "core/text_input_view.h"
+#include "core/updates_view.h"
 #include "core/vocabulary.h"
 #include "platform/clock.h"
 #include "platform/files.h"
 #include "platform/hook_library.h"
 #include "platform/input_device.h"
+#include "platform/internet.h"
 #include "platform/os_info.h"
 #include "platform/registry.h"
 #include "platform/settings_file.h"
@@ -42,6 +44,7 @@ struct Platform {
     Clock& clock;
     OsInfo& os;
     HookLibrary& hooks;
+    Internet& internet;
 };
 
 struct Views {
@@ -54,6 +57,7 @@ struct Views {
     CellEditorView& cells;
     HintView& hint;
     StepCountView& stepCount;
+    UpdatesView& updates;
 };
 
 // The settings that live in controls while the program runs (check boxes of

@@ -1,7 +1,8 @@
 #pragma once
 #include <string>
 
-enum class BoxStyle { Plain, Information, Exclamation, Error, QuestionYesNo, YesNoCancel };
+// SystemModalInformation stays above the windows of every program.
+enum class BoxStyle { Plain, Information, SystemModalInformation, Exclamation, Error, QuestionYesNo, YesNoCancel };
 enum class BoxAnswer { Ok, Yes, No, Cancel };
 
 // Modal message boxes; tests script the user's answers.

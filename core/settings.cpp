@@ -13,7 +13,7 @@ namespace {
 using enum SettingForm;
 
 // Indexed by Setting.
-constexpr std::array<SettingKey, 17> kSettingKeys = {{
+constexpr std::array<SettingKey, 18> kSettingKeys = {{
     {"FirstRun", Flag, FirstRun::Fixed, "0", nullptr},
     {"OnTop", CheckBox, FirstRun::Fixed, "0", &SettingValues::onTop},
     {"GRepeat", Flag, FirstRun::Fixed, "0", nullptr},
@@ -31,6 +31,8 @@ constexpr std::array<SettingKey, 17> kSettingKeys = {{
     {"Height", Number, FirstRun::Fixed, "6610", nullptr},
     {"RecMode", Flag, FirstRun::Fixed, "0", nullptr},
     {"ColWidth", List, FirstRun::NotWritten, "800, 600, 600, 1500, 1125, 700, 700, 800", nullptr},
+    // The update server's folder, for a mirror; the program reads it and never writes it.
+    {"UpdateServer", Text, FirstRun::NotWritten, "", nullptr},
 }};
 
 // A check box holds 0, 1 or 2 (the three-state box); anything else reads as off.

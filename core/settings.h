@@ -13,7 +13,7 @@ inline constexpr const char* kSettingsSection = "MAIN";
 // they have a first-run value, written on the first run.
 enum class Setting {
     FirstRun, OnTop, GRepeat, SmoothPointer, ShowCount, AutoStart, StartMin, WithWindows, DYK, Enter4Step,
-    MouseSaver, StopKey, StepCounter, LastCheck, Height, RecMode, ColWidth,
+    MouseSaver, StopKey, StepCounter, LastCheck, Height, RecMode, ColWidth, UpdateServer,
 };
 
 enum class SettingForm {
@@ -22,12 +22,13 @@ enum class SettingForm {
     Number,
     Date,      // the user's short date form
     List,      // numbers separated by ","
+    Text,
 };
 
 enum class FirstRun {
     Fixed,       // the default is written
     Today,       // today's date is written
-    NotWritten,  // set elsewhere; the default applies until then
+    NotWritten,  // set elsewhere, or by the user only; the default applies until then
 };
 
 struct SettingValues;

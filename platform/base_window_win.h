@@ -81,6 +81,20 @@ inline HWND ChildControl(HWND parent, const char* className, const char* text, D
                            reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), GetModuleHandleA(nullptr), nullptr);
 }
 
+// Gives a window the outer size that holds a client area of this size and
+// centres it over its owner.
+inline void CentreOverOwner(HWND window, HWND owner, int clientWidth, int clientHeight) {
+    RECT outer{0, 0, clientWidth, clientHeight};
+    AdjustWindowRectEx(&outer, static_cast<DWORD>(GetWindowLongPtrA(window, GWL_STYLE)), FALSE,
+                       static_cast<DWORD>(GetWindowLongPtrA(window, GWL_EXSTYLE)));
+    RECT ownerRect{};
+    GetWindowRect(owner, &ownerRect);
+    int width = outer.right - outer.left;
+    int height = outer.bottom - outer.top;
+    SetWindowPos(window, nullptr, (ownerRect.left + ownerRect.right - width) / 2,
+                 (ownerRect.top + ownerRect.bottom - height) / 2, width, height, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
 // Moves and sizes a child in its parent's client pixels, keeping its z-order.
 inline void PlaceChild(HWND window, int left, int top, int width, int height) {
     SetWindowPos(window, nullptr, left, top, width, height, SWP_NOZORDER | SWP_NOACTIVATE);

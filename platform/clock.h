@@ -1,14 +1,16 @@
 #pragma once
 // Time and responsive waiting. Everything runs on the user-interface thread:
 // Wait and Yield let pending window messages (and so the program's timers) run.
+#include <compare>
 #include <cstdint>
+#include <optional>
 #include <string>
 
 struct Date {
     int year = 0;
     int month = 0;
     int day = 0;
-    bool operator==(const Date&) const = default;
+    auto operator<=>(const Date&) const = default;
 };
 
 class Clock {
@@ -20,6 +22,8 @@ public:
     virtual Date Today() = 0;
     // The user's short date form.
     virtual std::string FormatShortDate(Date date) = 0;
+    // A date in the user's short date form; nothing when it is none.
+    virtual std::optional<Date> ParseShortDate(const std::string& text) = 0;
     // Returns after `seconds`, or as soon as `stop` is found set after a
     // message-loop pass.
     virtual void Wait(double seconds, const bool& stop) = 0;

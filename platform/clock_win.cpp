@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "platform/dates.h"
 #include "platform/failure_trace_win.h"
 #include "platform/message_pump_win.h"
 
@@ -69,6 +70,12 @@ std::string WinClock::FormatShortDate(Date date) {
     char text[80];
     int length = GetDateFormatA(LOCALE_USER_DEFAULT, DATE_SHORTDATE, &time, nullptr, text, sizeof text);
     return length > 0 ? std::string(text) : std::string();
+}
+
+std::optional<Date> WinClock::ParseShortDate(const std::string& text) {
+    char pattern[80];
+    if (!GetLocaleInfoA(LOCALE_USER_DEFAULT, LOCALE_SSHORTDATE, pattern, sizeof pattern)) return std::nullopt;
+    return DateFromText(text, pattern);
 }
 
 void WinClock::Wait(double seconds, const bool& stop) {

@@ -13,3 +13,8 @@ bool PumpPendingMessages();
 
 // Runs messages until the program is asked to quit; returns its exit code.
 int RunMessageLoop();
+
+// The loop of a modal window: runs messages, with the dialog keys of
+// `dialog`, while `open` holds. A request to quit ends it and stays queued
+// for the main loop.
+void RunModalLoop(HWND dialog, const bool& open);

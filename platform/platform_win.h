@@ -8,6 +8,7 @@
 #include "platform/clock.h"
 #include "platform/files.h"
 #include "platform/input_device.h"
+#include "platform/internet.h"
 #include "platform/os_info.h"
 #include "platform/owned_win.h"
 #include "platform/registry.h"
@@ -48,6 +49,35 @@ public:
                        int showCommand) override;
 };
 
+// WinINet. Each failed call keeps its error number and text at once, before
+// a later call can replace the thread's last error.
+class WinInternet : public Internet {
+public:
+    InternetHandle OpenSession(const std::string& agent) override;
+    InternetHandle OpenUrl(InternetHandle session, const std::string& url, std::uint32_t flags,
+                           std::uint32_t timeoutMs) override;
+    std::optional<std::string> Read(InternetHandle file, std::size_t size) override;
+    void Close(InternetHandle handle) override;
+    InternetHandle FtpConnect(InternetHandle session, const std::string& server, int port, const std::string& user,
+                              const std::string& password) override;
+    bool FtpMakeDir(InternetHandle connection, const std::string& name) override;
+    bool FtpChangeDir(InternetHandle connection, const std::string& name) override;
+    bool FtpPut(InternetHandle connection, const std::string& localFile, const std::string& remoteFile) override;
+    bool FtpGet(InternetHandle connection, const std::string& remoteFile, const std::string& localFile) override;
+    bool FtpRename(InternetHandle connection, const std::string& from, const std::string& to) override;
+    bool FtpDelete(InternetHandle connection, const std::string& name) override;
+    bool FtpRemoveDir(InternetHandle connection, const std::string& name) override;
+    std::optional<std::vector<std::string>> FtpList(InternetHandle connection,
+                                                         const std::string& pattern) override;
+    InternetError LastError() override;
+
+private:
+    // Keeps the error of a failed call; returns `ok`.
+    bool Done(bool ok);
+    InternetHandle Opened(void* handle);
+    InternetError lastError_;
+};
+
 class WinInput : public InputDevice {
 public:
     void KeybdEvent(std::uint8_t virtualKey, std::uint8_t scanCode, std::uint32_t flags) override;
@@ -71,6 +101,7 @@ public:
     Rect GetRect(WindowHandle window) override;
     bool Post(WindowHandle window, unsigned message, std::uintptr_t wParam, std::intptr_t lParam) override;
     std::string TitleAt(Point point) override;
+    void ShowWaitPointer(bool waiting) override;
 };
 
 class WinClock : public Clock {
@@ -79,6 +110,7 @@ public:
     double Now() override;
     Date Today() override;
     std::string FormatShortDate(Date date) override;
+    std::optional<Date> ParseShortDate(const std::string& text) override;
     void Wait(double seconds, const bool& stop) override;
     void Yield() override;
     void Sleep(std::uint32_t milliseconds) override;

@@ -2,7 +2,8 @@
 // The values of the Windows constants that portable code passes through the
 // platform seams, named as the system headers name them. Portable code cannot
 // include <windows.h>; the Windows build checks them against it (all but
-// HWND_BOTTOM, a pointer, and the class mask, which has no name there).
+// HWND_BOTTOM and HWND_NOTOPMOST, which are pointers, and the class mask,
+// which has no name there).
 #include <cstdint>
 
 namespace win {
@@ -16,6 +17,11 @@ inline constexpr int kSwRestore = 9;
 
 inline constexpr unsigned kWmClose = 0x0010;
 inline constexpr std::uintptr_t kHwndBottom = 1;
+inline constexpr std::uintptr_t kHwndNoTopmost = static_cast<std::uintptr_t>(-2);
+
+// SetWindowPos flags.
+inline constexpr unsigned kSwpNoSize = 0x0001;
+inline constexpr unsigned kSwpNoMove = 0x0002;
 
 // keybd_event flags.
 inline constexpr std::uint32_t kKeyEventKeyUp = 0x0002;
@@ -51,6 +57,10 @@ inline constexpr unsigned kOfnEnableHook = 0x00000020;
 inline constexpr unsigned kOfnEnableTemplate = 0x00000040;
 inline constexpr unsigned kOfnAllowMultiSelect = 0x00000200;
 inline constexpr unsigned kOfnFileMustExist = 0x00001000;
+
+// InternetOpenUrlA flags.
+inline constexpr std::uint32_t kInternetFlagReload = 0x80000000;
+inline constexpr std::uint32_t kInternetFlagExistingConnect = 0x20000000;
 
 // InitCommonControlsEx: the structure's size and every control class.
 inline constexpr unsigned kInitCommonControlsExSize = 8;

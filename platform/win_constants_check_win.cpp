@@ -4,10 +4,12 @@
 
 #include <commctrl.h>
 #include <commdlg.h>
+#include <wininet.h>
 
 static_assert(win::kSwShowNormal == SW_SHOWNORMAL && win::kSwShowMaximized == SW_SHOWMAXIMIZED);
 static_assert(win::kSwShow == SW_SHOW && win::kSwMinimize == SW_MINIMIZE && win::kSwRestore == SW_RESTORE);
 static_assert(win::kWmClose == WM_CLOSE);
+static_assert(win::kSwpNoSize == SWP_NOSIZE && win::kSwpNoMove == SWP_NOMOVE);
 static_assert(win::kKeyEventKeyUp == KEYEVENTF_KEYUP);
 static_assert(win::kMouseMove == MOUSEEVENTF_MOVE && win::kMouseAbsolute == MOUSEEVENTF_ABSOLUTE);
 static_assert(win::kMouseLeftDown == MOUSEEVENTF_LEFTDOWN && win::kMouseLeftUp == MOUSEEVENTF_LEFTUP);
@@ -20,4 +22,6 @@ static_assert(win::kOfnReadOnly == OFN_READONLY && win::kOfnOverwritePrompt == O
 static_assert(win::kOfnHideReadOnly == OFN_HIDEREADONLY && win::kOfnEnableHook == OFN_ENABLEHOOK);
 static_assert(win::kOfnEnableTemplate == OFN_ENABLETEMPLATE && win::kOfnAllowMultiSelect == OFN_ALLOWMULTISELECT);
 static_assert(win::kOfnFileMustExist == OFN_FILEMUSTEXIST);
+static_assert(win::kInternetFlagReload == INTERNET_FLAG_RELOAD);
+static_assert(win::kInternetFlagExistingConnect == INTERNET_FLAG_EXISTING_CONNECT);
 static_assert(win::kInitCommonControlsExSize == sizeof(INITCOMMONCONTROLSEX));

@@ -28,4 +28,7 @@ public:
     // The title of the window at a screen point (WindowFromPoint): "" when
     // none is there or it has no title.
     virtual std::string TitleAt(Point point) = 0;
+    // The hourglass in place of the pointer while the program is busy, and
+    // the arrow again.
+    virtual void ShowWaitPointer(bool waiting) = 0;
 };

@@ -36,3 +36,5 @@ std::string WinWindows::TitleAt(Point point) {
     return WindowTextOf(window);
 }
 
+
+void WinWindows::ShowWaitPointer(bool waiting) { SetCursor(LoadCursorA(nullptr, waiting ? IDC_WAIT : IDC_ARROW)); }

@@ -5,6 +5,7 @@
 #include "core/resource_ids.h"
 #include "platform/control_text_win.h"
 #include "platform/dpi_win.h"
+#include "platform/message_pump_win.h"
 #include "platform/twips.h"
 
 namespace {
@@ -196,17 +197,7 @@ void TextInputDialogWin::Layout() {
     panel_.Layout(dpi_, font);
     SetWindowPos(panel_.Handle(), HWND_TOP, (clientWidth - px(kPanelWidth)) / 2,
                  labelsTop + (labelsHeight - px(kPanelHeight)) / 2, 0, 0, SWP_NOSIZE | SWP_NOACTIVATE);
-
-    // The window's outer size, centred over the main window.
-    RECT outer{0, 0, clientWidth, clientHeight};
-    AdjustWindowRectEx(&outer, static_cast<DWORD>(GetWindowLongPtrA(hwnd_, GWL_STYLE)), FALSE,
-                       static_cast<DWORD>(GetWindowLongPtrA(hwnd_, GWL_EXSTYLE)));
-    RECT ownerRect{};
-    GetWindowRect(owner_, &ownerRect);
-    int width = outer.right - outer.left;
-    int height = outer.bottom - outer.top;
-    SetWindowPos(hwnd_, nullptr, (ownerRect.left + ownerRect.right - width) / 2,
-                 (ownerRect.top + ownerRect.bottom - height) / 2, width, height, SWP_NOZORDER | SWP_NOACTIVATE);
+    CentreOverOwner(hwnd_, owner_, clientWidth, clientHeight);
 }
 
 void TextInputDialogWin::Run(const std::array<std::string, 3>& reference, const std::string& text,
@@ -220,28 +211,12 @@ void TextInputDialogWin::Run(const std::array<std::string, 3>& reference, const 
     EnableWindow(owner_, FALSE);
     ShowWindow(hwnd_, SW_SHOW);
     SetFocus(text_);
-    RunModalLoop();
+    RunModalLoop(hwnd_, open_);
     // The owner is enabled first, so that it is the window activated next.
     EnableWindow(owner_, TRUE);
     events_ = nullptr;
     DestroyWindow(hwnd_);
     SetActiveWindow(owner_);
-}
-
-void TextInputDialogWin::RunModalLoop() {
-    MSG message;
-    while (open_) {
-        BOOL got = GetMessageA(&message, nullptr, 0, 0);
-        if (got == -1) break;
-        if (got == 0) {
-            // The program is quitting: the main loop must see it too.
-            PostQuitMessage(static_cast<int>(message.wParam));
-            break;
-        }
-        if (IsDialogMessageA(hwnd_, &message)) continue;
-        TranslateMessage(&message);
-        DispatchMessageA(&message);
-    }
 }
 
 std::string TextInputDialogWin::Text() const { return WindowTextOf(text_); }

@@ -59,7 +59,6 @@ public:
 private:
     bool Create(const std::array<std::string, 3>& reference);
     void Layout();
-    void RunModalLoop();
     void OnCommand(int id, int code);
 
     HWND owner_ = nullptr;

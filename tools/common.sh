@@ -13,6 +13,7 @@ KW_PACKAGES=(
   g++-mingw-w64-x86-64-posix
   wine64 xvfb xauth xdotool imagemagick
   fp-utils libchm-bin
+  python3-pyftpdlib
 )
 
 kw_missing_packages() {

@@ -65,3 +65,7 @@ foreach(missing MouseProc InitMouse)
   kw_hook_library(InHook-without-${missing} ${CMAKE_BINARY_DIR}/generated/InHook-without-${missing}.def
                   ${CMAKE_BINARY_DIR}/hook-variants)
 endforeach()
+
+# The internet client INetClass driven from the command line, for the FTP
+# operations against a loopback server.
+kw_program_fixture(inet_fixture ${CMAKE_CURRENT_LIST_DIR}/inet_fixture/inet_fixture_win.cpp kw_app)

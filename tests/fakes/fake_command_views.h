@@ -1,6 +1,7 @@
 #pragma once
 // Stand-ins for the file dialogs, the about frame, the keystroke-text editor,
-// the grid's cell editors, the hint panel and the step-count frame.
+// the grid's cell editors, the hint panel, the step-count frame and the
+// update window.
 #include <deque>
 #include <functional>
 #include <map>
@@ -15,6 +16,7 @@
 #include "core/runtime_error.h"
 #include "core/step_count_view.h"
 #include "core/text_input_view.h"
+#include "core/updates_view.h"
 
 // Records every dialog request and answers from a script: each answer is a
 // chosen path, or nothing for Cancel. With no answer left the user cancels.
@@ -168,4 +170,25 @@ public:
     std::string text;
     bool selected = false;  // all of the text, with the focus
     int centred = 0;
+};
+
+// frmUpdates: loads, then the user does `user` (by default: closes it).
+class FakeUpdatesView : public UpdatesView {
+public:
+    void Run(const std::string& shownHeading, UpdatesEvents& events) override {
+        heading = shownHeading, downloadEnabled = false, open = true;
+        events.Loaded();
+        if (open) user(events);
+    }
+    void SetDisplay(const std::string& text) override { displays.push_back(text); }
+    void SetDownloadEnabled(bool enabled) override { downloadEnabled = enabled; }
+    WindowHandle Window() const override { return kWindow; }
+    void Close() override { open = false; }
+
+    static constexpr WindowHandle kWindow = 77;
+    std::function<void(UpdatesEvents&)> user = [](UpdatesEvents& events) { events.Close(); };
+    std::string heading;
+    std::vector<std::string> displays;  // lblDisplay's texts in turn
+    bool downloadEnabled = false;
+    bool open = false;
 };

@@ -6,6 +6,8 @@
 #include <cstdio>
 #include <cstring>
 
+#include "platform/dates.h"
+
 void FakeInput::KeybdEvent(std::uint8_t virtualKey, std::uint8_t scanCode, std::uint32_t flags) {
     scanCodesSeen.push_back(scanCode);
     Record({InputEvent::Key, virtualKey, flags});
@@ -86,6 +88,8 @@ std::string FakeClock::FormatShortDate(Date date) {
     return text;
 }
 
+std::optional<Date> FakeClock::ParseShortDate(const std::string& text) { return DateFromText(text, "MM/dd/yyyy"); }
+
 void FakeClock::RunTimersUntil(double endMs, const bool* stop) {
     while (!(stop && *stop)) {
         double due = view_.NextDue();
@@ -139,4 +143,56 @@ bool FakeHookLibrary::Init(HookKind kind, WindowHandle receiver, HookHandle hook
     if (missing.count(kind == HookKind::Mouse ? "InitMouse" : "InitKeys")) return false;
     calls.push_back(std::string("init ") + KindName(kind) + " " + std::to_string(receiver) + " " + std::to_string(hook));
     return true;
+}
+
+InternetHandle FakeInternet::NewHandle() {
+    openHandles.insert(next_);
+    return next_++;
+}
+
+InternetHandle FakeInternet::OpenSession(const std::string& agent) {
+    calls.push_back("session " + agent);
+    return NewHandle();
+}
+
+InternetHandle FakeInternet::OpenUrl(InternetHandle, const std::string& url, std::uint32_t flags,
+                                     std::uint32_t timeoutMs) {
+    calls.push_back("open " + url + " " + std::to_string(flags) + " " + std::to_string(timeoutMs));
+    bool endless = url == endlessPage;
+    if (!endless && !pages.count(url)) return 0;
+    InternetHandle file = NewHandle();
+    if (endless) endlessFiles_.insert(file);
+    unread_[file] = endless ? std::string() : pages[url];
+    return file;
+}
+
+std::optional<std::string> FakeInternet::Read(InternetHandle file, std::size_t size) {
+    calls.push_back("read " + std::to_string(size));
+    clock_.Advance(msPerRead);
+    if (endlessFiles_.count(file)) return std::string(size, 'x');
+    std::string chunk = unread_[file].substr(0, size);
+    unread_[file].erase(0, chunk.size());
+    return chunk;
+}
+
+void FakeInternet::Close(InternetHandle handle) {
+    if (!handle) return;
+    calls.push_back("close " + std::to_string(handle));
+    openHandles.erase(handle);
+}
+
+InternetHandle FakeInternet::FtpConnect(InternetHandle, const std::string& server, int port, const std::string& user,
+                                        const std::string& password) {
+    if (!Ftp("connect " + server + ":" + std::to_string(port) + " " + user + " " + password)) return 0;
+    return NewHandle();
+}
+
+std::optional<std::vector<std::string>> FakeInternet::FtpList(InternetHandle, const std::string& pattern) {
+    if (!Ftp("list " + pattern)) return std::nullopt;
+    return files;
+}
+
+bool FakeInternet::Ftp(const std::string& call) {
+    calls.push_back(call);
+    return !refused.count(call.substr(0, call.find(' ')));
 }

@@ -11,6 +11,7 @@
 #include "platform/clock.h"
 #include "platform/hook_library.h"
 #include "platform/input_device.h"
+#include "platform/internet.h"
 #include "platform/os_info.h"
 #include "platform/registry.h"
 #include "platform/shell.h"
@@ -68,12 +69,13 @@ public:
     Rect GetRect(WindowHandle window) override { return rects[window]; }
     bool Post(WindowHandle window, unsigned message, std::uintptr_t wParam, std::intptr_t lParam) override;
     std::string TitleAt(Point point) override { return titleAt(point); }
+    void ShowWaitPointer(bool waiting) override { calls.push_back(waiting ? "wait pointer" : "arrow pointer"); }
 
     std::map<WindowHandle, std::string> titles;
     std::function<std::string(Point)> titleAt = [](Point) { return std::string(); };
     std::map<WindowHandle, Rect> rects;
     WindowHandle foreground = 0;
-    std::vector<std::string> calls;  // "show 7 6", "setpos 7 1 10,20 300x200 0", ...
+    std::vector<std::string> calls;  // "show 7 6", "setpos 7 1 10,20 300x200 0", "wait pointer", ...
 };
 
 // Time that passes only when the program waits; enabled timers of the main
@@ -84,7 +86,9 @@ public:
     std::uint32_t TickCount() override { return static_cast<std::uint32_t>(nowMs); }
     double Now() override { return originSeconds + nowMs / 1000.0; }
     Date Today() override { return today; }
+    // The short date form "MM/dd/yyyy".
     std::string FormatShortDate(Date date) override;
+    std::optional<Date> ParseShortDate(const std::string& text) override;
     void Wait(double seconds, const bool& stop) override;
     void Yield() override;
     void Sleep(std::uint32_t milliseconds) override { Advance(milliseconds); }
@@ -164,4 +168,53 @@ public:
     std::string commandLine;
     char decimalSeparator = '.';
     std::vector<std::pair<unsigned, unsigned>> initCalls;
+};
+
+// A web server and an FTP server in memory. Every call is recorded as a line
+// ("open http://a/b 2684354560 10000", "read 1000", "close 2", "mkdir kw", ...)
+// and every handle handed out must be closed again.
+class FakeInternet : public Internet {
+public:
+    explicit FakeInternet(FakeClock& clock) : clock_(clock) {}
+    InternetHandle OpenSession(const std::string& agent) override;
+    InternetHandle OpenUrl(InternetHandle session, const std::string& url, std::uint32_t flags,
+                           std::uint32_t timeoutMs) override;
+    std::optional<std::string> Read(InternetHandle file, std::size_t size) override;
+    void Close(InternetHandle handle) override;
+    InternetHandle FtpConnect(InternetHandle session, const std::string& server, int port, const std::string& user,
+                              const std::string& password) override;
+    bool FtpMakeDir(InternetHandle, const std::string& name) override { return Ftp("mkdir " + name); }
+    bool FtpChangeDir(InternetHandle, const std::string& name) override { return Ftp("cd " + name); }
+    bool FtpPut(InternetHandle, const std::string& local, const std::string& remote) override {
+        return Ftp("put " + local + " " + remote);
+    }
+    bool FtpGet(InternetHandle, const std::string& remote, const std::string& local) override {
+        return Ftp("get " + remote + " " + local);
+    }
+    bool FtpRename(InternetHandle, const std::string& from, const std::string& to) override {
+        return Ftp("rename " + from + " " + to);
+    }
+    bool FtpDelete(InternetHandle, const std::string& name) override { return Ftp("delete " + name); }
+    bool FtpRemoveDir(InternetHandle, const std::string& name) override { return Ftp("rmdir " + name); }
+    std::optional<std::vector<std::string>> FtpList(InternetHandle, const std::string& pattern) override;
+    InternetError LastError() override { return error; }
+
+    // url -> content; an address missing here is a server that cannot be reached.
+    std::map<std::string, std::string> pages;
+    // A page that never ends: every read brings a full chunk.
+    std::string endlessPage;
+    double msPerRead = 0;  // time each read takes
+    std::set<std::string> refused;  // FTP commands that fail ("rmdir", "cd", ...)
+    std::vector<std::string> files{"a.txt", "b.txt"};
+    InternetError error{12029, "A connection with the server could not be established"};
+    std::vector<std::string> calls;
+    std::set<InternetHandle> openHandles;
+
+private:
+    InternetHandle NewHandle();
+    bool Ftp(const std::string& call);
+    FakeClock& clock_;
+    InternetHandle next_ = 1;
+    std::map<InternetHandle, std::string> unread_;
+    std::set<InternetHandle> endlessFiles_;
 };

@@ -55,7 +55,7 @@ public:
     TestApp base;
     ProbeFiles files{base.files};
     RecordingSettingsFile ini{base.ini};
-    Platform platform{files,        ini,          base.registry, base.shell,
-                      base.input,   base.windows, base.clock,    base.osInfo, base.hooks};
+    Platform platform{files,      ini,          base.registry, base.shell, base.input,
+                      base.windows, base.clock, base.osInfo,   base.hooks, base.internet};
     App app{platform, base.views};
 };

@@ -47,6 +47,7 @@ public:
     FakeClock clock{main};
     FakeOsInfo osInfo;
     FakeHookLibrary hooks;
+    FakeInternet internet{clock};
     StepGrid grid;
     ScriptedBoxes boxes;
     ScriptedDialogs dialogs;
@@ -55,7 +56,8 @@ public:
     FakeCellEditors cells;
     FakeHintView hint;
     FakeStepCountView stepCount;
-    Platform platform{files, ini, registry, shell, input, windows, clock, osInfo, hooks};
-    Views views{grid, main, boxes, dialogs, about, textInput, cells, hint, stepCount};
+    FakeUpdatesView updates;
+    Platform platform{files, ini, registry, shell, input, windows, clock, osInfo, hooks, internet};
+    Views views{grid, main, boxes, dialogs, about, textInput, cells, hint, stepCount, updates};
     App app{platform, views};
 };
