@@ -393,6 +393,12 @@ double MainWindow::HeightTwips() const {
     return PixelsToTwips(rect.bottom - rect.top, dpi_);
 }
 
+Rect MainWindow::Bounds() const {
+    RECT rect{};
+    GetWindowRect(hwnd_, &rect);
+    return {rect.left, rect.top, rect.right, rect.bottom};
+}
+
 void MainWindow::SetTopmost(bool topmost) {
     SetWindowPos(hwnd_, topmost ? HWND_TOPMOST : HWND_NOTOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
 }

@@ -76,6 +76,7 @@ public:
     void SetState(WindowState state) override;
     void SetSizeTwips(double width, double height) override;
     double HeightTwips() const override;
+    Rect Bounds() const override;
     void SetTopmost(bool topmost) override;
     void Show() override;
     void FillDropDown(DropDown list, const std::vector<std::string>& entries, const std::string& shown) override;

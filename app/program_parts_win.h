@@ -12,6 +12,7 @@
 #include "platform/platform_win.h"
 #include "recorder/text_input_dialog_win.h"
 #include "script/step_grid.h"
+#include "settings_ui/settings_panel_win.h"
 
 struct WinSystem {
     WinFiles files;
@@ -36,5 +37,6 @@ struct WinViews {
     MessageBoxesWin boxes;
     FileDialogsWin dialogs;
     TextInputDialogWin textInput;
-    Views views{steps, main, boxes, dialogs, about, textInput, cells, hint, main.StepCountFrame()};
+    SettingsPanelWin settingsPanel;
+    Views views{steps, main, boxes, dialogs, about, textInput, cells, hint, main.StepCountFrame(), settingsPanel};
 };

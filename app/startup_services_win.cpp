@@ -32,7 +32,8 @@ void StartupServicesWin::LoadMainWindow() {
     windows_.boxes.SetOwner(main_.Handle());
     windows_.dialogs.SetOwner(main_.Handle());
     windows_.textInput.SetOwner(main_.Handle());
-    SetKeyboardNavigationWindow(main_.Handle());
+    AddKeyboardNavigationWindow(main_.Handle());
+    if (windows_.settingsPanel.Create(main_.Handle())) AddKeyboardNavigationWindow(windows_.settingsPanel.Handle());
     CreateMainTimers(app_);
     MainLoad(app_, *this);
 }

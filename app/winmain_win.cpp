@@ -21,6 +21,7 @@
 #include "playback/playback_loop.h"
 #include "playback/run_controls.h"
 #include "recorder/recording.h"
+#include "settings_ui/settings_panel.h"
 
 namespace {
 
@@ -60,6 +61,14 @@ struct Program {
         hint.onNext = [this] { NextHint(app); };
         hint.onHide = [this] { HideHintPanel(app); };
         hint.onDontShowChanged = [this] { DontShowHintsChanged(app); };
+    }
+
+    void WireSettingsPanel() {
+        ::WireSettingsPanel(app);
+        SettingsPanelWin& panel = windows.settingsPanel;
+        panel.onOptionClick = [this](Setting key) { OptionClicked(app, key); };
+        panel.onCommand = [this](PanelCommand command) { RunPanelCommand(app, command); };
+        panel.onKeepAttachedTick = [this] { KeepSettingsPanelAttached(app); };
     }
 
     void WireCellEditors() {
@@ -107,6 +116,7 @@ struct Program {
         windows.list.onKey = [this](int key) { GridKey(app, key); };
         WireCellEditors();
         WireHintPanel();
+        WireSettingsPanel();
         main.Receiver().onInput = [this](UINT message, WPARAM wParam, LPARAM lParam) {
             return DeliverRecordedInput(app, message, wParam, lParam);
         };

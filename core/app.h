@@ -16,6 +16,7 @@
 #include "core/hint_view.h"
 #include "core/main_view.h"
 #include "core/message_boxes.h"
+#include "core/settings_panel_view.h"
 #include "core/step_count_view.h"
 #include "core/text_input_view.h"
 #include "core/vocabulary.h"
@@ -54,6 +55,7 @@ struct Views {
     CellEditorView& cells;
     HintView& hint;
     StepCountView& stepCount;
+    SettingsPanelView& settingsPanel;
 };
 
 // The settings that live in controls while the program runs (check boxes of

@@ -55,7 +55,8 @@ public:
     FakeCellEditors cells;
     FakeHintView hint;
     FakeStepCountView stepCount;
+    FakeSettingsPanelView settingsPanel;
     Platform platform{files, ini, registry, shell, input, windows, clock, osInfo, hooks};
-    Views views{grid, main, boxes, dialogs, about, textInput, cells, hint, stepCount};
+    Views views{grid, main, boxes, dialogs, about, textInput, cells, hint, stepCount, settingsPanel};
     App app{platform, views};
 };
