@@ -105,6 +105,7 @@ struct Program {
         main.handlers.timer = [this](Timer timer) { OnMainTimer(app, timer); };
         main.handlers.close = [this] { return Close(); };
         main.handlers.paint = [this] { ApplyWindowState(app); };
+        main.handlers.moved = [this] { MainWindowMoved(app); };
         main.handlers.resized = [this] { MainWindowResized(app); };
         main.handlers.panelClick = [this](int panel) { StatusPanelClick(app, panel); };
         WireStopKeyPanel();

@@ -153,6 +153,7 @@ class SettingsPanelTest(WineTestCase):
     # Following the main window ------------------------------------------------------------
 
     def test_the_panel_follows_the_main_window_within_a_tick(self):
+        self.use_managed_windows()
         self.open_program()
         self.open_panel()
         main_x = wait_until(lambda: self.xdotool("search", "--onlyvisible", "--name", f"^{APP_TITLE}$").split(), 20,
