@@ -69,15 +69,17 @@ LRESULT SettingsPanelWin::OptionsFrame::HandleMessage(HWND hwnd, UINT message, W
     return DefWindowProcA(hwnd, message, wParam, lParam);
 }
 
-bool SettingsPanelWin::Create(HWND owner) {
+// Not owned by the main window: Wine cannot put a window on top of all
+// others while it owns a pop-up that is not on top itself.
+bool SettingsPanelWin::Create(HWND mainWindow) {
     if (!RegisterWindowClass(kPanelClass, nullptr, reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1))) return false;
     if (!CreateWindowOfClass(kPanelClass, kTitle, WS_POPUP | WS_CLIPCHILDREN, WS_EX_TOOLWINDOW | WS_EX_CONTROLPARENT,
-                             0, 0, 0, 0, owner))
+                             0, 0, 0, 0, nullptr))
         return false;
     if (!frame_.Create(hwnd_)) return false;
     CreateControls();
     CreateToolTips();
-    ApplyDpi(WindowDpi(owner));
+    ApplyDpi(WindowDpi(mainWindow));
     return true;
 }
 

@@ -1,6 +1,6 @@
 #pragma once
-// The window of frmSettings: a borderless pop-up owned by the main window,
-// titled "Settings", holding the frame fraOptions with the option check
+// The window of frmSettings: a borderless pop-up tool window beside the main
+// window, titled "Settings", holding the frame fraOptions with the option check
 // boxes (Check) and the push buttons (xpButton), each with its tool tip.
 // Sizes are twips shown at the window's DPI; what the panel does is the
 // behaviour's (settings_panel.h).
@@ -16,8 +16,8 @@
 
 class SettingsPanelWin : public BaseWindow<SettingsPanelWin>, public SettingsPanelView {
 public:
-    // Creates the hidden panel owned by `owner`.
-    bool Create(HWND owner);
+    // Creates the hidden panel at the DPI of the main window.
+    bool Create(HWND mainWindow);
 
     // A click on an option's check box (mouse or Space), a button's command,
     // and tmrKeepAttached's tick.

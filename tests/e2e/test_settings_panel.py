@@ -189,18 +189,19 @@ class SettingsPanelTest(WineTestCase):
     def toggle_options(self, clicked):
         """Changes every option through its check box: by a click when
         `clicked(index)`, else from the keyboard (Tab from the box before,
-        which a click left with the focus, then Space)."""
+        which a click left with the focus, then Space). Each change is in
+        Settings.ini before the next; "on top" applies at once."""
         for index, box in enumerate(self.panel_controls()[0]):
             if clicked(index):
                 self.click_at(box["rect"])
             else:
                 self.focus(PANEL)
                 self.xdotool("key", *(["Tab"] if index else []), "space")
-            wait_until(lambda: self.panel_controls()[0][index]["checked"], 10, f"{box['text']!r} changed",
-                       accept=lambda value, old=box["checked"]: value == 1 - old)
+            value = 1 - box["checked"]
+            wait_until(lambda: (self.panel_controls()[0][index]["checked"], self.setting(KEYS[index])), 10,
+                       f"{box['text']!r} changed and saved", accept=lambda seen, value=value: seen == (value, str(value)))
             if index == 0:
-                self.assertEqual(bool(1 - box["checked"]), self.driver("window", self.main["target"])["topmost"],
-                                 "on top at once")
+                self.assert_becomes(bool(value), lambda: self.driver("window", self.main["target"])["topmost"])
 
     def run_entry(self):
         """The start-with-Windows value in Wine's registry, or None."""
@@ -279,35 +280,38 @@ class SettingsPanelTest(WineTestCase):
     def test_each_option_is_saved_at_once_and_in_effect_after_a_restart(self):
         """Every option on (even ones clicked, odd ones from the keyboard) from
         a program with all off, then every option off the other way round
-        from a program with all on. RecMode 1 records without asking about
-        the steps there are."""
-        probe, at = self.open_probe(PROBE)
-        script = script_lines([step(at.x + 600, at.y + 100, secs=WAIT)])
+        from a program with all on."""
         for on in (True, False):
             with self.subTest("on" if on else "off"):
-                start = {key: int(not on) for key in KEYS} | {"RecMode": 1}
-                if on:
-                    self.open_program(working_copy=script, **start)
-                else:  # no steps at all: the automatic start finds nothing to play
-                    self.open_program(**start)
-                self.open_panel()
-                self.toggle_options(lambda index: index % 2 == (0 if on else 1))
-                self.assertEqual({key: str(int(on)) for key in KEYS}, {key: self.setting(key) for key in KEYS},
-                                 "saved at each change")
-                self.assertEqual(on, self.run_entry() is not None, "the start-with-Windows entry")
-                self.hide_panel()
-                self.close_klickwerk()
-                self.assertEqual({key: str(int(on)) for key in KEYS}, {key: self.setting(key) for key in KEYS})
-                (self.folder / "Data.dat").write_bytes(script_bytes(script))
+                try:
+                    self.change_every_option(on)
+                finally:
+                    self.stop_started()
 
-                effects = self.observe_effects(probe, at)
-                self.assertEqual(set(KEYS) if on else set(), effects)
-                # An automatic run switches the automatic start off again.
-                self.open_panel()
-                self.assertEqual({key: int(on and key != "AutoStart") for key in KEYS}, self.options())
-                self.hide_panel()
-                self.close_klickwerk()
-                self.assert_no_errors_logged()
+    def change_every_option(self, on):
+        probe, at = self.open_probe(PROBE)
+        script = script_lines([step(at.x + 600, at.y + 100, secs=WAIT)])
+        # RecMode 1 records without asking about the steps there are.
+        start = {key: int(not on) for key in KEYS} | {"RecMode": 1}
+        if on:
+            self.open_program(working_copy=script, **start)
+        else:  # no steps: the automatic start finds nothing to play
+            self.open_program(**start)
+        self.open_panel()
+        self.toggle_options(lambda index: index % 2 == (0 if on else 1))
+        self.assertEqual(on, self.run_entry() is not None, "the start-with-Windows entry")
+        self.hide_panel()
+        self.close_klickwerk()
+        self.assertEqual({key: str(int(on)) for key in KEYS}, {key: self.setting(key) for key in KEYS})
+        (self.folder / "Data.dat").write_bytes(script_bytes(script))
+
+        self.assertEqual(set(KEYS) if on else set(), self.observe_effects(probe, at))
+        # An automatic run switches the automatic start off again.
+        self.open_panel()
+        self.assertEqual({key: int(on and key != "AutoStart") for key in KEYS}, self.options())
+        self.hide_panel()
+        self.close_klickwerk()
+        self.assert_no_errors_logged()
 
     # Buttons -----------------------------------------------------------------------------
 
