@@ -224,11 +224,12 @@ class SettingsPanelTest(WineTestCase):
     def minimized(self):
         return self.driver("window", self.main["target"])["minimized"]
 
-    def countdown_shown(self):
-        return self.panels()[0].startswith(COUNTDOWN)
+    def run_began(self):
+        """The step counter counted the one step. (Start is no sign: minimising unlocks it.)"""
+        return self.panels()[4] == "1"
 
-    def hint_shown(self):
-        return self.control("KlickwerkHintFrame")["visible"]
+    def run_over(self):
+        return not self.minimized() and self.control("Button", "Start")["enabled"]
 
     def observe_effects(self, probe, at):
         """Restarts Klickwerk on the one-step script with the pointer at rest
@@ -236,18 +237,20 @@ class SettingsPanelTest(WineTestCase):
         self.move_pointer(at.x + 10, at.y + 10)
         self.klickwerk = self.start_klickwerk()
         self.wait_for_main_window()
-        effects = self.watch({"DYK": self.hint_shown, "AutoStart": self.running}, 5, lambda seen: len(seen) == 2)
+        effects = self.watch({"DYK": lambda: self.control("KlickwerkHintFrame")["visible"],
+                              "AutoStart": self.run_began}, 5, lambda seen: len(seen) == 2)
         if "AutoStart" not in effects:
-            self.start_run()
+            self.press("Start")
+            wait_until(self.run_began, 20, "the run to begin")
         target = (at.x + 600, at.y + 100)
         wait_until(lambda: self.xdotool("getmouselocation").startswith("x:{} y:{} ".format(*target)), 20,
                    "the pointer at the step's place")
-        # The pointer moved all through the wait holds the run while the pointer guard is on.
-        effects |= self.watch({"StartMin": self.minimized, "ShowCount": self.countdown_shown}, WAIT + 2,
-                              meanwhile=lambda: self.jiggle(target))
-        if self.running():
+        # Moved all through the wait, the pointer holds the run while the pointer guard is on.
+        effects |= self.watch({"StartMin": self.minimized, "ShowCount": lambda: self.panels()[0].startswith(COUNTDOWN)},
+                              WAIT + 2, meanwhile=lambda: self.jiggle(target))
+        if not self.run_over():
             effects.add("MouseSaver")
-        wait_until(lambda: not self.running() and not self.minimized(), 30, "the run's end")
+        wait_until(self.run_over, 30, "the run's end")
         if self.watch({"OnTop": lambda: self.driver("window", self.main["target"])["topmost"]}, 3, bool):
             effects.add("OnTop")
         way = [(x, y) for _, x, y in probe.events("move")]
