@@ -125,7 +125,12 @@ class SettingsPanelTest(WineTestCase):
         self.assertTrue(all(panel[0] < c["rect"][0] and c["rect"][2] < panel[2] and panel[1] < c["rect"][1]
                             and c["rect"][3] < panel[3] for c in boxes + buttons), "all inside the panel")
         self.move_pointer(1, 1)  # no pointer over the panel in the picture
-        self.settled_screenshot(f"settings-panel-{dpi}dpi")
+        shot = self.settled_screenshot(f"settings-panel-{dpi}dpi")
+        main = self.driver("window", self.main["target"])["rect"]
+        # The main window with the panel beside it, as the help shows them.
+        subprocess.run(["convert", str(shot), "-crop", f"{panel[2] - main[0]}x{main[3] - main[1]}+{main[0]}+{main[1]}",
+                        "+repage", str(self.out / f"settings-panel-{dpi}dpi-window.png")], check=True,
+                       timeout=60 * TIMEOUT_SCALE)
         return boxes, buttons
 
     def test_the_panel_looks_right_at_96_dots_per_inch_with_its_tool_tips(self):
