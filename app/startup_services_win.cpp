@@ -55,4 +55,9 @@ void StartupServicesWin::LoadHookLibrary() { ::LoadHookLibrary(app_); }
 
 void StartupServicesWin::ReleaseHooks() { ReleaseHookLibrary(app_); }
 
-void StartupServicesWin::UnloadWindows() { splash_.Close(); }
+// The settings panel is a window of its own: it goes with the main window.
+void StartupServicesWin::UnloadWindows() {
+    splash_.Close();
+    windows_.settingsPanel.SetKeepAttached(false);
+    windows_.settingsPanel.SetVisible(false);
+}
