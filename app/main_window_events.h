@@ -27,3 +27,6 @@ void StatusPanelClick(App& app, int panel);
 
 // The main window was laid out anew: a visible hint frame is centred again.
 void MainWindowResized(App& app);
+// The main window was moved or resized: an open settings panel follows it at
+// once, rather than at the next tick, before the window lays itself out.
+void MainWindowMoved(App& app);

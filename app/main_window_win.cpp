@@ -194,6 +194,9 @@ LRESULT MainWindow::HandleMessage(HWND hwnd, UINT message, WPARAM wParam, LPARAM
             if (handlers.paint) handlers.paint();
             break;
         case WM_DRAWITEM: OnDrawItem(*reinterpret_cast<DRAWITEMSTRUCT*>(lParam)); return TRUE;
+        case WM_WINDOWPOSCHANGED:
+            if (handlers.moved) handlers.moved();
+            break;
         case WM_SIZE: OnSize(wParam); return 0;
         case WM_GETMINMAXINFO: OnMinMaxInfo(*reinterpret_cast<MINMAXINFO*>(lParam)); return 0;
         case kWmDpiChanged: OnDpiChanged(HIWORD(wParam), *reinterpret_cast<RECT*>(lParam)); return 0;
@@ -391,6 +394,12 @@ double MainWindow::HeightTwips() const {
     RECT rect{};
     GetWindowRect(hwnd_, &rect);
     return PixelsToTwips(rect.bottom - rect.top, dpi_);
+}
+
+Rect MainWindow::Bounds() const {
+    RECT rect{};
+    GetWindowRect(hwnd_, &rect);
+    return {rect.left, rect.top, rect.right, rect.bottom};
 }
 
 void MainWindow::SetTopmost(bool topmost) {

@@ -33,6 +33,8 @@ struct MainWindowHandlers {
     // Runs every time the window paints itself, and when it is minimised,
     // which paints nothing.
     std::function<void()> paint;
+    // The window was moved or resized; its contents are laid out only after this.
+    std::function<void()> moved;
     // The contents were laid out for a new size.
     std::function<void()> resized;
     // A click on a status-bar panel, numbered 1 to 6.
@@ -76,6 +78,7 @@ public:
     void SetState(WindowState state) override;
     void SetSizeTwips(double width, double height) override;
     double HeightTwips() const override;
+    Rect Bounds() const override;
     void SetTopmost(bool topmost) override;
     void Show() override;
     void FillDropDown(DropDown list, const std::vector<std::string>& entries, const std::string& shown) override;

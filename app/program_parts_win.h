@@ -12,6 +12,7 @@
 #include "platform/platform_win.h"
 #include "recorder/text_input_dialog_win.h"
 #include "script/step_grid.h"
+#include "settings_ui/settings_panel_win.h"
 #include "updates/updates_dialog_win.h"
 
 struct WinSystem {
@@ -39,5 +40,6 @@ struct WinViews {
     FileDialogsWin dialogs;
     TextInputDialogWin textInput;
     UpdatesDialogWin updates;
-    Views views{steps, main, boxes, dialogs, about, textInput, cells, hint, main.StepCountFrame(), updates};
+    SettingsPanelWin settingsPanel;
+    Views views{steps, main, boxes, dialogs, about, textInput, cells, hint, main.StepCountFrame(), updates, settingsPanel};
 };

@@ -34,7 +34,8 @@ void StartupServicesWin::LoadMainWindow() {
     windows_.dialogs.SetOwner(main_.Handle());
     windows_.textInput.SetOwner(main_.Handle());
     windows_.updates.SetOwner(main_.Handle());
-    SetKeyboardNavigationWindow(main_.Handle());
+    AddKeyboardNavigationWindow(main_.Handle());
+    if (windows_.settingsPanel.Create(main_.Handle())) AddKeyboardNavigationWindow(windows_.settingsPanel.Handle());
     CreateMainTimers(app_);
     MainLoad(app_, *this);
 }
@@ -56,4 +57,9 @@ void StartupServicesWin::LoadHookLibrary() { ::LoadHookLibrary(app_); }
 
 void StartupServicesWin::ReleaseHooks() { ReleaseHookLibrary(app_); }
 
-void StartupServicesWin::UnloadWindows() { splash_.Close(); }
+// The settings panel is a window of its own: it goes with the main window.
+void StartupServicesWin::UnloadWindows() {
+    splash_.Close();
+    windows_.settingsPanel.SetKeepAttached(false);
+    windows_.settingsPanel.SetVisible(false);
+}

@@ -28,7 +28,10 @@ void ChangeStopKey(App& app, const std::string& name) {
     CloseStopKeyPanel(app);
 }
 
-void OpenStopKeyPanel(App& app) { ShowStopKeyPanel(app, true); }
+void OpenStopKeyPanel(App& app) {
+    RunSeam(app.seams.hideSettingsPanel);
+    ShowStopKeyPanel(app, true);
+}
 
 void CloseStopKeyPanel(App& app) { ShowStopKeyPanel(app, false); }
 

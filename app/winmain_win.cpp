@@ -21,6 +21,7 @@
 #include "playback/playback_loop.h"
 #include "playback/run_controls.h"
 #include "recorder/recording.h"
+#include "settings_ui/settings_panel.h"
 
 namespace {
 
@@ -62,6 +63,14 @@ struct Program {
         hint.onDontShowChanged = [this] { DontShowHintsChanged(app); };
     }
 
+    void WireSettingsPanel() {
+        ::WireSettingsPanel(app);
+        SettingsPanelWin& panel = windows.settingsPanel;
+        panel.onOptionClick = [this](Setting key) { OptionClicked(app, key); };
+        panel.onCommand = [this](PanelCommand command) { RunPanelCommand(app, command); };
+        panel.onKeepAttachedTick = [this] { KeepSettingsPanelAttached(app); };
+    }
+
     void WireCellEditors() {
         CellEditorsWin& cells = windows.cells;
         cells.onKey = [this](CellEditor editor, int key) {
@@ -96,6 +105,7 @@ struct Program {
         main.handlers.timer = [this](Timer timer) { OnMainTimer(app, timer); };
         main.handlers.close = [this] { return Close(); };
         main.handlers.paint = [this] { ApplyWindowState(app); };
+        main.handlers.moved = [this] { MainWindowMoved(app); };
         main.handlers.resized = [this] { MainWindowResized(app); };
         main.handlers.panelClick = [this](int panel) { StatusPanelClick(app, panel); };
         WireStopKeyPanel();
@@ -107,6 +117,7 @@ struct Program {
         windows.list.onKey = [this](int key) { GridKey(app, key); };
         WireCellEditors();
         WireHintPanel();
+        WireSettingsPanel();
         main.Receiver().onInput = [this](UINT message, WPARAM wParam, LPARAM lParam) {
             return DeliverRecordedInput(app, message, wParam, lParam);
         };

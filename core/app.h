@@ -16,6 +16,7 @@
 #include "core/hint_view.h"
 #include "core/main_view.h"
 #include "core/message_boxes.h"
+#include "core/settings_panel_view.h"
 #include "core/step_count_view.h"
 #include "core/text_input_view.h"
 #include "core/updates_view.h"
@@ -58,6 +59,7 @@ struct Views {
     HintView& hint;
     StepCountView& stepCount;
     UpdatesView& updates;
+    SettingsPanelView& settingsPanel;
 };
 
 // The settings that live in controls while the program runs (check boxes of

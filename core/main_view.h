@@ -65,6 +65,8 @@ public:
     // Outer size in twips.
     virtual void SetSizeTwips(double width, double height) = 0;
     virtual double HeightTwips() const = 0;
+    // The outer rectangle on the screen, in pixels.
+    virtual Rect Bounds() const = 0;
     virtual void SetTopmost(bool topmost) = 0;
     virtual void Show() = 0;
     // Replaces the entries of a drop-down list and shows `shown` as its text.

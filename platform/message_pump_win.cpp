@@ -1,16 +1,22 @@
 #include "platform/message_pump_win.h"
 
+#include <vector>
+
 namespace {
-HWND navigationWindow = nullptr;
+std::vector<HWND> navigationWindows;
 
 void Dispatch(MSG& message) {
-    if (navigationWindow && IsWindow(navigationWindow) && IsDialogMessageA(navigationWindow, &message)) return;
+    // The dialog keys go to the window whose control the message is for.
+    for (HWND window : navigationWindows) {
+        if (message.hwnd != window && !IsChild(window, message.hwnd)) continue;
+        if (IsWindow(window) && IsDialogMessageA(window, &message)) return;
+    }
     TranslateMessage(&message);
     DispatchMessageA(&message);
 }
 }  // namespace
 
-void SetKeyboardNavigationWindow(HWND window) { navigationWindow = window; }
+void AddKeyboardNavigationWindow(HWND window) { navigationWindows.push_back(window); }
 
 bool PumpPendingMessages() {
     MSG message;

@@ -4,8 +4,8 @@
 #include "platform/win32.h"
 
 // Tab and the arrow keys move between the controls of this window, as in a
-// dialog. One window at a time; nullptr for none.
-void SetKeyboardNavigationWindow(HWND window);
+// dialog. Each window added keeps this for the rest of the run.
+void AddKeyboardNavigationWindow(HWND window);
 
 // Runs every pending message once. Returns false when the program was asked
 // to quit; the request stays queued for the main loop.

@@ -452,6 +452,12 @@ class WineTestCase(WineOperations, unittest.TestCase):
         self.prefix = WinePrefix(self.display, "wineprefix-144dpi",
                                  (WinePrefix.UNMANAGED_WINDOWS, WinePrefix.DPI_144)).ensure()
 
+    def use_managed_windows(self):
+        """Runs this test's programs in a prefix of managed windows: Wine takes
+        a move or resize from outside (a window manager's, xdotool's) only
+        for those. Without a window manager each of their hides waits a while."""
+        self.prefix = WinePrefix(self.display, "wineprefix-managed", ()).ensure()
+
     def assert_no_errors_logged(self):
         self.assertEqual("", self.error_log(), "Error.log")
 

@@ -1,7 +1,7 @@
 #pragma once
 // Stand-ins for the file dialogs, the about frame, the keystroke-text editor,
-// the grid's cell editors, the hint panel, the step-count frame and the
-// update window.
+// the grid's cell editors, the hint panel, the step-count frame, the update
+// window and the settings panel.
 #include <deque>
 #include <functional>
 #include <map>
@@ -14,6 +14,7 @@
 #include "core/file_dialogs.h"
 #include "core/hint_view.h"
 #include "core/runtime_error.h"
+#include "core/settings_panel_view.h"
 #include "core/step_count_view.h"
 #include "core/text_input_view.h"
 #include "core/updates_view.h"
@@ -191,4 +192,33 @@ public:
     std::vector<std::string> displays;  // lblDisplay's texts in turn
     bool downloadEnabled = false;
     bool open = false;
+// frmSettings: its check boxes by key, its place and the frame's slide, in
+// the units the window uses (screen pixels for the place, twips for widths).
+class FakeSettingsPanelView : public SettingsPanelView {
+public:
+    void SetOption(Setting key, int value) override { options[key] = value; }
+    int Option(Setting key) const override {
+        auto found = options.find(key);
+        return found == options.end() ? 0 : found->second;
+    }
+    void SetVisible(bool shown) override { visible = shown; }
+    bool Visible() const override { return visible; }
+    void SetKeepAttached(bool enabled) override { keepAttached = enabled; }
+    bool KeepAttached() const override { return keepAttached; }
+    Rect Bounds() const override { return bounds; }
+    void MoveTo(int left, int top) override {
+        bounds = {left, top, left + bounds.right - bounds.left, top + bounds.bottom - bounds.top};
+        ++moves;
+    }
+    void SetWidth(double twips) override { widths.push_back(twips); }
+    double FrameWidth() const override { return 2700; }
+    void SetFrameLeft(double twips) override { frameLefts.push_back(twips); }
+
+    std::map<Setting, int> options;
+    bool visible = false;
+    bool keepAttached = false;
+    Rect bounds;
+    int moves = 0;
+    std::vector<double> widths;      // every width the panel was given, in order
+    std::vector<double> frameLefts;  // every left edge fraOptions was given, in order
 };

@@ -49,6 +49,7 @@ public:
     void SetState(WindowState newState) override { state = newState; }
     void SetSizeTwips(double width, double height) override { widthTwips = width, heightTwips = height; }
     double HeightTwips() const override { return heightTwips; }
+    Rect Bounds() const override { return bounds; }
     void SetTopmost(bool topmost) override { this->topmost = topmost; }
     void Show() override { shown = true; }
     void FillDropDown(DropDown list, const std::vector<std::string>& entries, const std::string& text) override {
@@ -94,6 +95,7 @@ public:
     WindowState state = WindowState::Normal;
     double widthTwips = 0;
     double heightTwips = 0;
+    Rect bounds;
     bool topmost = false;
     bool shown = false;
     static constexpr WindowHandle kReceiver = 0x1E5;

@@ -57,7 +57,8 @@ public:
     FakeHintView hint;
     FakeStepCountView stepCount;
     FakeUpdatesView updates;
+    FakeSettingsPanelView settingsPanel;
     Platform platform{files, ini, registry, shell, input, windows, clock, osInfo, hooks, internet};
-    Views views{grid, main, boxes, dialogs, about, textInput, cells, hint, stepCount, updates};
+    Views views{grid, main, boxes, dialogs, about, textInput, cells, hint, stepCount, updates, settingsPanel};
     App app{platform, views};
 };

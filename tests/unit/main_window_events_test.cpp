@@ -27,4 +27,15 @@ TEST(MainWindowResized, CentresTheHintFrameOnlyWhileItIsVisible) {
     EXPECT_EQ(t.hint.centred, 1);
 }
 
+TEST(MainWindowMoved, AnOpenSettingsPanelFollowsAtOnce) {
+    TestApp t;
+    t.main.bounds = {0, 0, 400, 300};
+    t.settingsPanel.bounds = {0, 0, 100, 100};
+    MainWindowMoved(t.app);
+    EXPECT_EQ(t.settingsPanel.moves, 0) << "a closed panel stays where it is";
+    t.settingsPanel.keepAttached = true;
+    MainWindowMoved(t.app);
+    EXPECT_EQ((std::vector<int>{t.settingsPanel.bounds.left, t.settingsPanel.bounds.top}), (std::vector<int>{400, 100}));
+}
+
 }  // namespace

@@ -87,9 +87,9 @@ struct StepCountRig {
 
 TEST(StepCount, OpeningShowsTheRowCountSelectedInTheGridsPlace) {
     StepCountRig r;
+    OpenStopKeyPanel(r.app);
     int settingsHidden = 0;
     r.app.seams.hideSettingsPanel = [&] { ++settingsHidden; };
-    OpenStopKeyPanel(r.app);
     OpenStepCount(r.app);
     EXPECT_EQ(settingsHidden, 1);
     EXPECT_FALSE(r.t.main.FrameVisible(Frame::Main));

@@ -169,6 +169,6 @@ int main(int argc, char** argv) {
     }
     FixtureWindow window;
     if (!window.Create()) return 1;
-    SetKeyboardNavigationWindow(window.Handle());
+    AddKeyboardNavigationWindow(window.Handle());
     return RunMessageLoop();
 }

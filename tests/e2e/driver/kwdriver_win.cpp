@@ -23,6 +23,11 @@
 //                                then WM_ENDSESSION when the window agreed
 //     presskey <target> <vk> <button>  holds the virtual key down until the
 //                                push button is enabled; prints the time
+//     follow <target> <panel> <count>  watches a panel that hangs centred on
+//                                the window's right edge: after each of the
+//                                next <count> moves or resizes of the window,
+//                                the time until the panel is there again;
+//                                prints a line {"watching":true} when it begins
 //     startup <exe>              how a running program was told to show its
 //                                window: STARTUPINFO's flags and show command
 //     showtime <class> <exe> [arguments]  starts the program, prints the time
@@ -394,6 +399,49 @@ Result PressKeyUntilEnabled(HWND window, const Args& args) {
     return {kOk, Object({{"ms", ms}})};
 }
 
+// The panel's left edge is the window's right edge and their middles are level.
+bool HangsOnRightEdge(const RECT& window, const RECT& panel) {
+    return panel.left == window.right && abs(panel.top + panel.bottom - window.top - window.bottom) <= 2;
+}
+
+Result FollowPanel(HWND window, const Args& args) {
+    HWND panel = args.size() < 4 ? nullptr : FindTopLevel(args[2]);
+    if (!panel) return Fail(kNotFound, "no such panel");
+    const size_t count = strtoul(args[3].c_str(), nullptr, 10);
+    const double kTimeLimitMs = 120000;
+    LARGE_INTEGER frequency, start, now;
+    QueryPerformanceFrequency(&frequency);
+    QueryPerformanceCounter(&start);
+    auto elapsedMs = [&] {
+        QueryPerformanceCounter(&now);
+        return static_cast<double>(now.QuadPart - start.QuadPart) * 1000.0 / static_cast<double>(frequency.QuadPart);
+    };
+    RECT seen{}, side{};
+    GetWindowRect(window, &seen);
+    double movedAt = -1;  // the first change the panel has not followed yet
+    std::vector<std::string> lags;
+    timeBeginPeriod(1);
+    printf("{\"watching\":true}\n");
+    fflush(stdout);
+    for (double at = elapsedMs(); lags.size() < count && at < kTimeLimitMs; at = elapsedMs()) {
+        RECT current{};
+        GetWindowRect(window, &current);
+        GetWindowRect(panel, &side);
+        if (!EqualRect(&current, &seen) && movedAt < 0) movedAt = at;
+        seen = current;
+        if (movedAt >= 0 && HangsOnRightEdge(current, side)) {
+            char lag[32];
+            snprintf(lag, sizeof lag, "%.2f", at - movedAt);
+            lags.push_back(lag);
+            movedAt = -1;
+        }
+        Sleep(1);
+    }
+    timeEndPeriod(1);
+    if (lags.size() < count) return Fail(kFailed, "the window did not move often enough, or the panel stayed behind");
+    return {kOk, Object({{"lags", List(lags)}})};
+}
+
 // Processes ------------------------------------------------------------------------
 
 // Where a 64-bit process's parameters block keeps STARTUPINFO's dwFlags, with
@@ -543,7 +591,7 @@ Result Run(const Args& args) {
         {"status", ShowStatusBar}, {"toolbar", ShowToolbar}, {"toolclick", ClickToolbarButton},
         {"click", ClickButton}, {"select", SelectRows}, {"syscommand", PostSysCommand},
         {"redraw", Redraw}, {"foreground", BringToFront}, {"close", PostClose}, {"endsession", EndSession},
-        {"presskey", PressKeyUntilEnabled},
+        {"presskey", PressKeyUntilEnabled}, {"follow", FollowPanel},
     };
     if (args[0] == "windows") return ListWindows(args);
     if (args[0] == "startup") return ShowStartup(args);
