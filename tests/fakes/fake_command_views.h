@@ -192,6 +192,8 @@ public:
     std::vector<std::string> displays;  // lblDisplay's texts in turn
     bool downloadEnabled = false;
     bool open = false;
+};
+
 // frmSettings: its check boxes by key, its place and the frame's slide, in
 // the units the window uses (screen pixels for the place, twips for widths).
 class FakeSettingsPanelView : public SettingsPanelView {
