@@ -25,6 +25,8 @@
 //                                push button is enabled; prints the time
 //     startup <exe>              how a running program was told to show its
 //                                window: STARTUPINFO's flags and show command
+//     keysdown                   the virtual keys and mouse buttons that are
+//                                down now, as GetAsyncKeyState sees them
 //     msgbox [--pid <pid>]       the first visible message box or dialog,
 //                                with its owner's window class
 //     answer <button> [--pid <pid>]  presses a message-box button by its text
@@ -370,6 +372,14 @@ Result PressKeyUntilEnabled(HWND window, const Args& args) {
     return {kOk, Object({{"ms", text}})};
 }
 
+Result ListKeysDown(const Args&) {
+    std::vector<std::string> down;
+    for (int key = 1; key < 255; ++key) {
+        if (GetAsyncKeyState(key) & 0x8000) down.push_back(Number(key));
+    }
+    return {kOk, List(down)};
+}
+
 // Processes ------------------------------------------------------------------------
 
 // Where a 64-bit process's parameters block keeps STARTUPINFO's dwFlags, with
@@ -488,6 +498,7 @@ Result Run(const Args& args) {
         {"presskey", PressKeyUntilEnabled},
     };
     if (args[0] == "windows") return ListWindows(args);
+    if (args[0] == "keysdown") return ListKeysDown(args);
     if (args[0] == "startup") return ShowStartup(args);
     if (args[0] == "msgbox") return ShowMessageBox(args);
     if (args[0] == "answer") return AnswerMessageBox(args);
