@@ -219,7 +219,7 @@ class PlaybackTest(WineTestCase):
         pressed = [(f"{kind}down", x, y)] + [("down", key) for key in held]
         self.open_program(script_lines([step(x, y, f"{button} Down", keys, secs=secs), after]))
         self.give_focus(PROBE)
-        self.start_run()
+        self.press("Start")
         if secs:
             wait_until(lambda: probe.events("down", f"{kind}down"), 20, "the run holding its keys and button",
                        accept=lambda seen: seen == pressed)
