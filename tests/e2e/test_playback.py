@@ -152,7 +152,9 @@ SCENARIOS = {
         lambda at: [step(f"RND({at.x + 100}, 80, 0)", f"rnd({at.y + 60},40,0)", "Left Click")] * 20,
         random_presses, lambda at: (20, [], True)),
     "the smooth move glides to the target and ends exactly on it": Scenario(
-        lambda at: [step(), step(*target(at), secs=1)], glide,
+        # The glide starts from the pointer's reported place, which Wine
+        # reports a moment late after the step before put it there.
+        lambda at: [step(secs=0.1), step(*target(at), secs=1)], glide,
         lambda at: {"end": target(at), "outside the span": [],
                     "glided through at least three points": True, "along the target's row at the end": True},
         {"SmoothPointer": 1}),

@@ -6,6 +6,8 @@
 #include <cstdio>
 #include <cstring>
 
+#include "platform/win_constants.h"
+
 void FakeInput::KeybdEvent(std::uint8_t virtualKey, std::uint8_t scanCode, std::uint32_t flags) {
     scanCodesSeen.push_back(scanCode);
     Record({InputEvent::Key, virtualKey, flags});
@@ -16,8 +18,8 @@ void FakeInput::SendUnicodeChar(char character) {
 }
 
 int FakeInput::GetSystemMetrics(int index) {
-    if (index == 0 || index == 78) return screenWidth;
-    if (index == 1 || index == 79) return screenHeight;
+    if (index == win::kSmCxScreen || index == win::kSmCxVirtualScreen) return screenWidth;
+    if (index == win::kSmCyScreen || index == win::kSmCyVirtualScreen) return screenHeight;
     return 0;
 }
 
