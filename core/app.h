@@ -8,6 +8,7 @@
 #include <optional>
 #include <random>
 #include <string>
+#include <vector>
 
 #include "core/about_view.h"
 #include "core/cell_editor_view.h"
@@ -106,6 +107,13 @@ struct RecorderState {
     HookHandle keyHook = 0;
 };
 
+// A key or mouse button that the current run pressed and has not released.
+struct HeldInput {
+    bool mouseButton = false;
+    std::uint32_t release = 0;  // the virtual key, or the mouse_event flag that lets the button go
+    bool operator==(const HeldInput&) const = default;
+};
+
 struct App {
     App(Platform& platform, Views& views) : os(platform), ui(views) {}
 
@@ -136,6 +144,8 @@ struct App {
     double waitEndTime = 0;
     int guardX = 0;
     int guardY = 0;
+    // What the run holds down, in the order pressed; its end lets go of it.
+    std::vector<HeldInput> heldByRun;
     // The characters typed with Shift, rebuilt for every keystroke text.
     std::string shiftedCharacters;
     // The random values' one generator, seeded from the clock at its first

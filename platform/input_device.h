@@ -12,6 +12,10 @@ class InputDevice {
 public:
     virtual ~InputDevice() = default;
     virtual void KeybdEvent(std::uint8_t virtualKey, std::uint8_t scanCode, std::uint32_t flags) = 0;
+    // Types one character of the user's ANSI code page as Unicode input (a
+    // key down and up that carry the character itself, not a key of the
+    // layout); a byte the code page cannot convert types nothing.
+    virtual void SendUnicodeChar(char character) = 0;
     virtual void MouseEvent(std::uint32_t flags, int dx, int dy) = 0;
     virtual void SetCursorPos(int x, int y) = 0;
     virtual Point GetCursorPos() = 0;

@@ -81,6 +81,7 @@ private:
 class WinInput : public InputDevice {
 public:
     void KeybdEvent(std::uint8_t virtualKey, std::uint8_t scanCode, std::uint32_t flags) override;
+    void SendUnicodeChar(char character) override;
     void MouseEvent(std::uint32_t flags, int dx, int dy) override;
     void SetCursorPos(int x, int y) override;
     Point GetCursorPos() override;

@@ -32,11 +32,16 @@ inline constexpr std::uint32_t kMouseLeftDown = 0x0002;
 inline constexpr std::uint32_t kMouseLeftUp = 0x0004;
 inline constexpr std::uint32_t kMouseRightDown = 0x0008;
 inline constexpr std::uint32_t kMouseRightUp = 0x0010;
+inline constexpr std::uint32_t kMouseVirtualDesk = 0x4000;
 inline constexpr std::uint32_t kMouseAbsolute = 0x8000;
 
 // GetSystemMetrics indexes.
 inline constexpr int kSmCxScreen = 0;
 inline constexpr int kSmCyScreen = 1;
+inline constexpr int kSmXVirtualScreen = 76;
+inline constexpr int kSmYVirtualScreen = 77;
+inline constexpr int kSmCxVirtualScreen = 78;
+inline constexpr int kSmCyVirtualScreen = 79;
 
 // Virtual keys.
 inline constexpr std::uint8_t kVkTab = 0x09;

@@ -7,6 +7,7 @@
 #include "core/error_log.h"
 #include "platform/win_constants.h"
 #include "playback/key_letters.h"
+#include "playback/run_input.h"
 #include "playback/waits.h"
 
 namespace {
@@ -19,21 +20,25 @@ void SetKeyTimers(App& app, bool enabled) {
     for (Timer timer : {Timer::Hotkey, Timer::ShiftNext, Timer::Stop}) app.ui.main.SetTimer(timer, enabled);
 }
 
-void Key(App& app, std::uint8_t virtualKey, std::uint32_t flags) {
-    app.os.input.KeybdEvent(virtualKey, 0, flags);
-}
-
 // Only the key of VkKeyScan's answer counts; no key on the layout gives 255.
+constexpr std::uint8_t kNoKey = 0xFF;
+
 std::uint8_t KeyOf(App& app, char character) {
     return static_cast<std::uint8_t>(app.os.input.VkKeyScan(character) & 0xFF);
 }
 
+// A character that no key of the layout makes ("é" on a US layout) goes as
+// the character itself, without Shift; virtual key 255 would type nothing.
 void TypeCharacter(App& app, char character, bool shifted) {
     std::uint8_t key = KeyOf(app, character);
-    if (shifted) Key(app, win::kVkShift, kKeyDown);
-    Key(app, key, kKeyDown);
-    Key(app, key, kKeyUp);
-    if (shifted) Key(app, win::kVkShift, kKeyUp);
+    if (key == kNoKey) {
+        app.os.input.SendUnicodeChar(character);
+        return;
+    }
+    if (shifted) SendKey(app, win::kVkShift, kKeyDown);
+    SendKey(app, key, kKeyDown);
+    SendKey(app, key, kKeyUp);
+    if (shifted) SendKey(app, win::kVkShift, kKeyUp);
 }
 
 bool NeedsShift(const App& app, char character) {
@@ -46,8 +51,8 @@ void PressFunctionKey(App& app, const std::string& text, std::size_t& position) 
     int digit = 0;
     if (position < text.size() && text[position] >= '0' && text[position] <= '9') digit = text[position] - '0';
     std::uint8_t key = static_cast<std::uint8_t>(win::kVkF1 - 1 + digit);
-    Key(app, key, kKeyDown);
-    Key(app, key, kKeyUp);
+    SendKey(app, key, kKeyDown);
+    SendKey(app, key, kKeyUp);
     ++position;
 }
 
@@ -56,10 +61,10 @@ void RunCommand(App& app, char letter, bool press, const std::string& text, std:
         PressFunctionKey(app, text, position);
     } else if (letter == 'l') {
         // Caps Lock toggles with a full press; its release form is two key-ups.
-        Key(app, win::kVkCapital, press ? kKeyDown : kKeyUp);
-        Key(app, win::kVkCapital, kKeyUp);
+        SendKey(app, win::kVkCapital, press ? kKeyDown : kKeyUp);
+        SendKey(app, win::kVkCapital, kKeyUp);
     } else {
-        Key(app, CommandKey(letter), press ? kKeyDown : kKeyUp);
+        SendKey(app, CommandKey(letter), press ? kKeyDown : kKeyUp);
     }
 }
 

@@ -11,6 +11,7 @@
 #include "playback/pointer_actions.h"
 #include "playback/random_value.h"
 #include "playback/run_controls.h"
+#include "playback/run_input.h"
 #include "playback/waits.h"
 #include "playback/window_command.h"
 #include "script/script_file.h"
@@ -85,7 +86,8 @@ private:
 };
 
 // Moves the pointer once per step; -1 keeps a coordinate where it is.
-void PlacePointer(App& app, int x, int y) {
+// Returns where the pointer was put.
+Point PlacePointer(App& app, int x, int y) {
     Point pointer = app.os.input.GetCursorPos();
     if (x == -1) x = pointer.x;
     if (y == -1) y = pointer.y;
@@ -97,12 +99,14 @@ void PlacePointer(App& app, int x, int y) {
         if (app.settings.mouseSaver == 1) app.ui.main.SetTimer(Timer::MouseSaver, true);
     }
     app.os.input.SetCursorPos(x, y);
+    return {x, y};
 }
 
-// One performance: click, keys or window command, wait.
-void Perform(App& app, int row, int cellX, int cellY) {
+// One performance: click, keys or window command, wait. Every click of the
+// step, repetitions included, lands where the step put the pointer.
+void Perform(App& app, int row, int cellX, int cellY, Point placed) {
     StepGrid& grid = app.ui.grid;
-    SendClickAction(app, grid.Cell(row, kColButton));
+    SendClickAction(app, grid.Cell(row, kColButton), placed);
     std::string additional = grid.Cell(row, kColAdditional);
     if (additional.find("%win") != std::string::npos) {
         WinCommand(app, additional, cellX, cellY);
@@ -124,9 +128,9 @@ void PlayStep(App& app, int row) {
     repeatCell.Show(remaining);
     int cellX = IntegerCell(app, row, kColX);
     int cellY = IntegerCell(app, row, kColY);
-    PlacePointer(app, cellX, cellY);
+    Point placed = PlacePointer(app, cellX, cellY);
     do {
-        Perform(app, row, cellX, cellY);
+        Perform(app, row, cellX, cellY, placed);
         repeatCell.Show(--remaining);
         // A repetition that never waited must still let the stop key be noticed.
         app.os.clock.Yield();
@@ -163,6 +167,7 @@ bool BeginRun(App& app) {
 }
 
 void EndRun(App& app) {
+    ReleaseHeldInput(app);
     app.os.clock.EndFineTiming();
     if (!app.stopRequested) StopButton(app);
     if (app.settings.startMin == 1) app.ui.main.SetState(WindowState::Normal);

@@ -11,6 +11,7 @@
 #include "core/error_log.h"
 #include "core/vocabulary.h"
 #include "platform/win_constants.h"
+#include "playback/run_input.h"
 
 namespace {
 
@@ -21,6 +22,9 @@ constexpr double kAbsoluteScale = 65535;
 // that stays put pass after pass is stuck, as at the screen's edge when the
 // target lies beyond it.
 constexpr int kStuckPasses = 20;
+
+// A click that carries its position, on the whole desktop's 0..65535 scale.
+constexpr std::uint32_t kClickAt = win::kMouseVirtualDesk | win::kMouseAbsolute | win::kMouseMove;
 
 constexpr std::uint32_t kLeftClick = win::kMouseLeftDown | win::kMouseLeftUp;
 constexpr std::uint32_t kRightClick = win::kMouseRightDown | win::kMouseRightUp;
@@ -41,6 +45,14 @@ struct Scale {
     int ToX(int pixels) const { return CLng(pixels * kAbsoluteScale / width); }
     int ToY(int pixels) const { return CLng(pixels * kAbsoluteScale / height); }
 };
+
+// The 0..65535 coordinate that the system truncates back to exactly this
+// pixel; a pixel off the desktop counts as its nearest edge.
+int DesktopCoordinate(int pixel, int origin, int extent) {
+    extent = std::max(extent, 1);
+    std::int64_t offset = std::clamp(pixel - origin, 0, extent - 1);
+    return static_cast<int>((offset * 65536 + extent - 1) / extent);
+}
 
 }  // namespace
 
@@ -69,9 +81,14 @@ void SScroll(App& app, int x, int y) {
     });
 }
 
-void SendClickAction(App& app, const std::string& action) {
+void SendClickAction(App& app, const std::string& action, Point at) {
+    InputDevice& input = app.os.input;
     for (std::size_t i = 0; i < kClickActions.size(); ++i) {
         if (action != kClickActions[i]) continue;
-        for (std::uint32_t flags : kClickFlags[i]) app.os.input.MouseEvent(flags, 0, 0);
+        int dx = DesktopCoordinate(at.x, input.GetSystemMetrics(win::kSmXVirtualScreen),
+                                   input.GetSystemMetrics(win::kSmCxVirtualScreen));
+        int dy = DesktopCoordinate(at.y, input.GetSystemMetrics(win::kSmYVirtualScreen),
+                                   input.GetSystemMetrics(win::kSmCyVirtualScreen));
+        for (std::uint32_t flags : kClickFlags[i]) SendMouse(app, flags | kClickAt, dx, dy);
     }
 }

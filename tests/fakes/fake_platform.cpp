@@ -7,10 +7,21 @@
 #include <cstring>
 
 #include "platform/dates.h"
+#include "platform/win_constants.h"
 
 void FakeInput::KeybdEvent(std::uint8_t virtualKey, std::uint8_t scanCode, std::uint32_t flags) {
     scanCodesSeen.push_back(scanCode);
     Record({InputEvent::Key, virtualKey, flags});
+}
+
+void FakeInput::SendUnicodeChar(char character) {
+    Record({InputEvent::Unicode, static_cast<unsigned char>(character), 0});
+}
+
+int FakeInput::GetSystemMetrics(int index) {
+    if (index == win::kSmCxScreen || index == win::kSmCxVirtualScreen) return screenWidth;
+    if (index == win::kSmCyScreen || index == win::kSmCyVirtualScreen) return screenHeight;
+    return 0;
 }
 
 void FakeInput::MouseEvent(std::uint32_t flags, int dx, int dy) {
@@ -38,6 +49,7 @@ std::int16_t FakeInput::VkKeyScan(char character) {
     static const std::uint8_t kKeys[] = {192, '1', '2', '3', '4', '5', '6', '7', '8', '9', '0',
                                          189, 187, 219, 221, 220, 186, 222, 188, 190, 191};
     unsigned char c = static_cast<unsigned char>(character);
+    if (keyless.find(character) != std::string::npos) return -1;
     if (std::isdigit(c)) return c;
     if (std::islower(c)) return static_cast<std::int16_t>(std::toupper(c));
     if (std::isupper(c)) return static_cast<std::int16_t>(0x100 | c);

@@ -19,8 +19,8 @@
 
 // One synthetic input event, as the system call received it.
 struct InputEvent {
-    enum Kind { Key, Mouse, SetPos } kind;
-    std::uint32_t code;   // virtual key, or mouse flags
+    enum Kind { Key, Mouse, SetPos, Unicode } kind;
+    std::uint32_t code;   // virtual key, mouse flags, or the character's byte
     std::uint32_t flags;  // key flags (2 = key up)
     int x = 0;
     int y = 0;
@@ -32,15 +32,18 @@ public:
     static constexpr std::uint32_t kAbsoluteMoveFlags = 0x8001;  // move + absolute
 
     void KeybdEvent(std::uint8_t virtualKey, std::uint8_t scanCode, std::uint32_t flags) override;
+    void SendUnicodeChar(char character) override;
     void MouseEvent(std::uint32_t flags, int dx, int dy) override;
     void SetCursorPos(int x, int y) override;
     Point GetCursorPos() override { return cursor; }
-    int GetSystemMetrics(int index) override { return index == 0 ? screenWidth : screenHeight; }
+    // One screen: the desktop is the screen.
+    int GetSystemMetrics(int index) override;
     std::int16_t GetAsyncKeyState(int virtualKey) override {
         if (pressedKeys.count(virtualKey)) return -32767;
         return releasedSinceLastCall.count(virtualKey) ? 1 : 0;
     }
-    // A US keyboard layout: the low byte is the key, bit 8 means Shift.
+    // A US keyboard layout less the `keyless` characters: the low byte is
+    // the key, bit 8 means Shift; -1 when no key makes the character.
     std::int16_t VkKeyScan(char character) override;
     unsigned GetDoubleClickTime() override { return 500; }
 
@@ -50,6 +53,7 @@ public:
     std::set<int> pressedKeys;
     std::set<int> releasedSinceLastCall;  // only the low bit says they were pressed
     std::vector<std::uint8_t> scanCodesSeen;
+    std::string keyless;  // as Wine's virtual display lacks "(" and ")"
     Point cursor{100, 100};
     int screenWidth = 1280;
     int screenHeight = 1024;

@@ -51,7 +51,6 @@ TEST_F(KeyText, SendsTheExactKeyEventsOfEachText) {
         {"50%", Joined({Stroke('5'), Stroke('0')}), "%"},
         {"a b", Joined({Stroke('A'), Stroke(' '), Stroke('A' + 1)}), ""},
         {"~q\"?", Joined({Stroke(192, true), Stroke('Q'), Stroke(222, true), Stroke(191, true)}), ""},
-        {"\x80", Stroke(255), ""},
     };
     for (const auto& [text, events, pendingAfter] : cases) {
         t.input.events.clear();
@@ -61,6 +60,27 @@ TEST_F(KeyText, SendsTheExactKeyEventsOfEachText) {
         EXPECT_EQ(app.pendingPrefix, pendingAfter) << text;
     }
     for (std::uint8_t scanCode : t.input.scanCodesSeen) EXPECT_EQ(scanCode, 0);
+}
+
+// What no key of the layout makes goes as the character itself, without
+// Shift; everything else keeps its key events.
+TEST_F(KeyText, CharactersWithoutAKeyGoAsUnicode) {
+    t.input.keyless = "()%";
+    const std::pair<std::string, std::vector<InputEvent>> cases[] = {
+        {"\xE9", {Char('\xE9')}},
+        {"(a)", {Char('('), Down('A'), Up('A'), Char(')')}},
+        {"\x80Z\xFF", Joined({{Char('\x80')}, Stroke('Z', true), {Char('\xFF')}})},
+        // A prefix needs no key to press a command; typed as itself it does.
+        {"%ca$c", {Down(17), Down('A'), Up('A'), Up(17)}},
+        {"%x", {Char('%'), Down('X'), Up('X')}},
+        {"$%(", Joined({Stroke('4', true), {Char('%'), Char('(')}})},
+    };
+    for (const auto& [text, events] : cases) {
+        t.input.events.clear();
+        app.pendingPrefix.clear();
+        TypeKeyText(app, text);
+        EXPECT_EQ(t.input.events, events) << text;
+    }
 }
 
 TEST_F(KeyText, APendingPrefixBeforeAnOrdinaryLetterIsTypedAsPercent) {

@@ -8,6 +8,7 @@
 #include "core/app.h"
 #include "playback/playback_loop.h"
 #include "playback/pointer_actions.h"
+#include "playback/run_controls.h"
 #include "playback_rig.h"
 
 namespace {
@@ -155,8 +156,9 @@ TEST_F(Playback, KeystrokeTextIsTrimmedInTheGridAndTypedWithAPendingPrefixCarrie
     StartButton(app);
     EXPECT_EQ(t.grid.Cell(1, kColAdditional), "ab");
     EXPECT_EQ(t.grid.Cell(2, kColAdditional), "");
+    // The Down Arrow that "%." left pressed is let go of when the run ends.
     EXPECT_EQ(KeyEvents(), (std::vector<InputEvent>{Down('A'), Up('A'), Down('B'), Up('B'), Down('0'), Up('0'),
-                                                    Down(40)}));
+                                                    Down(40), Up(40)}));
     EXPECT_EQ(t.clock.waitedSeconds, (std::vector<double>{0.1, 0.1, 0.1}));
 }
 
@@ -244,7 +246,9 @@ TEST_F(Playback, AnAutomaticStartSwitchesAutoStartOffAfterTheRun) {
     EXPECT_FALSE(app.autoStarted);
 }
 
-TEST(ClickActions, SendTheirMouseEventFlags) {
+// A click carries its position: the flags of its action with move,
+// absolute and virtual desktop (0xC001), and the position on the 0..65535 scale.
+TEST(ClickActions, SendTheirMouseEventFlagsAtThePosition) {
     const std::pair<const char*, std::vector<std::uint32_t>> cases[] = {
         {"No Click", {}},      {"Left Click", {6}},      {"Left DblClick", {6, 6}}, {"Left Down", {2}},
         {"Left Up", {4}},      {"Right Click", {24}},    {"Right DblClick", {24, 24}}, {"Right Down", {8}},
@@ -252,13 +256,94 @@ TEST(ClickActions, SendTheirMouseEventFlags) {
     };
     for (const auto& [action, flags] : cases) {
         TestApp t;
-        SendClickAction(t.app, action);
+        SendClickAction(t.app, action, {640, 256});
         std::vector<std::uint32_t> sent;
         for (const InputEvent& event : t.input.events) {
-            EXPECT_EQ(event.x, 0);
-            sent.push_back(event.code);
+            EXPECT_EQ(event.code & 0xFFFFFFE1u, 0xC001u);
+            EXPECT_EQ(std::pair(event.x, event.y), std::pair(32768, 16384));
+            sent.push_back(event.code & 0x1E);
         }
         EXPECT_EQ(sent, flags) << action;
+    }
+}
+
+// The system truncates the scaled coordinate, so every pixel must come back
+// as itself; a position off the desktop clicks at its nearest edge.
+TEST(ClickActions, EveryPixelOfTheDesktopComesBackExactly) {
+    for (auto [width, height] : {std::pair(1280, 1024), std::pair(1366, 768)}) {
+        TestApp t;
+        t.input.screenWidth = width;
+        t.input.screenHeight = height;
+        auto landed = [&](int x, int y) {
+            t.input.events.clear();
+            SendClickAction(t.app, "Left Down", {x, y});
+            const InputEvent& click = t.input.events.at(0);
+            return std::pair(static_cast<int>(std::int64_t{click.x} * width / 65536),
+                             static_cast<int>(std::int64_t{click.y} * height / 65536));
+        };
+        for (int x = 0; x < width; ++x) ASSERT_EQ(landed(x, 0).first, x) << width;
+        for (int y = 0; y < height; ++y) ASSERT_EQ(landed(0, y).second, y) << height;
+        EXPECT_EQ(landed(-5, height + 100), std::pair(0, height - 1));
+    }
+}
+
+TEST_F(Playback, EveryClickOfAStepLandsWhereTheStepPutThePointer) {
+    t.input.cursor = {640, 480};
+    AddStep("-1", "300", "Left Click", "", "0", "1", "2");
+    std::vector<Point> clicks;
+    t.input.onEvent = [&](const InputEvent& event) {
+        if (event.kind != InputEvent::Mouse) return;
+        clicks.push_back(t.input.cursor);
+        t.input.cursor = {5, 5};  // moved away, or reported late
+    };
+    StartButton(app);
+    EXPECT_EQ(clicks, std::vector<Point>(3, Point{640, 300}));
+}
+
+// Keys and buttons the run pressed and never released are let go of when it
+// ends, however it ends, the last pressed first; nothing else is sent.
+TEST_F(Playback, TheEndOfARunReleasesWhatItLeftPressed) {
+    constexpr std::uint32_t kLeftDown = 2, kLeftUp = 4, kRightDown = 8, kRightUp = 16;
+    auto button = [](std::uint32_t flags) { return InputEvent{InputEvent::Mouse, flags, 0}; };
+    struct Case {
+        std::string end;
+        std::vector<std::vector<std::string>> steps;  // X, Y, Button, Additional, Mins, Secs; "-" unchecked
+        std::vector<InputEvent> sent;                 // keys and buttons, positions left out
+    } cases[] = {
+        {"finished", {{"10", "20", "Left Down", "%c%s"}, {"-", "10", "20", "Left Up", ""}},
+         {button(kLeftDown), Down(17), Down(16), Up(16), Up(17), button(kLeftUp)}},
+        {"stop key", {{"10", "20", "Right Down", "%a", "10"}, {"10", "20", "Right Up", ""}},
+         {button(kRightDown), Down(18), Up(18), button(kRightUp)}},
+        {"Stop button", {{"10", "20", "Left Down", "%w%c$c", "10"}, {"10", "20", "Left Up", ""}},
+         {button(kLeftDown), Down(91), Down(17), Up(17), Up(91), button(kLeftUp)}},
+        {"error", {{"10", "20", "Left Down", "%c"}, {"10", "20", "No Click", "%c", "abc"}, {"-", "1", "1", "Left Up", ""}},
+         {button(kLeftDown), Down(17), Down(17), Up(17), button(kLeftUp)}},
+        {"nothing held", {{"10", "20", "Left Click", "%ca$c%l"}, {"10", "20", "Right DblClick", "$l"}},
+         {button(kLeftDown | kLeftUp), Down(17), Down('A'), Up('A'), Up(17), Down(20), Up(20),
+          button(kRightDown | kRightUp), button(kRightDown | kRightUp), Up(20), Up(20)}},
+    };
+    for (const Case& c : cases) {
+        t.grid.Clear();
+        t.input.events.clear();
+        t.input.pressedKeys.clear();
+        for (std::vector<std::string> cells : c.steps) {
+            bool checked = cells[0] != "-";
+            if (!checked) cells.erase(cells.begin());
+            cells.resize(6, "0");
+            AddStep(cells[0], cells[1], cells[2], cells[3], cells[4], cells[5], "0", checked);
+        }
+        double inTheWait = t.clock.nowMs + 5000;
+        if (c.end == "stop key") PressKeyAt(kEscape, inTheWait);
+        if (c.end == "Stop button") At(inTheWait, [&] { StopButton(app); });
+        StartButton(app);
+        std::vector<InputEvent> sent;
+        for (const InputEvent& event : t.input.events) {
+            if (event.kind == InputEvent::Key) sent.push_back(event);
+            if (event.kind == InputEvent::Mouse) sent.push_back(button(event.code & 0x1E));
+        }
+        EXPECT_EQ(sent, c.sent) << c.end;
+        EXPECT_TRUE(app.heldByRun.empty()) << c.end;
+        EXPECT_TRUE(Idle()) << c.end;
     }
 }
 

@@ -83,3 +83,4 @@ private:
 inline InputEvent Down(std::uint32_t key) { return {InputEvent::Key, key, 0}; }
 inline InputEvent Up(std::uint32_t key) { return {InputEvent::Key, key, 2}; }
 inline InputEvent Click(std::uint32_t flags) { return {InputEvent::Mouse, flags, 0}; }
+inline InputEvent Char(char character) { return {InputEvent::Unicode, static_cast<unsigned char>(character), 0}; }

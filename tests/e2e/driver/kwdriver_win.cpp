@@ -32,6 +32,8 @@
 //                                window: STARTUPINFO's flags and show command
 //     showtime <class> <exe> [arguments]  starts the program, prints the time
 //                                until a window of that class is shown, ends it
+//     keysdown                   the virtual keys and mouse buttons that are
+//                                down now, as GetAsyncKeyState sees them
 //     msgbox [--pid <pid>]       the first visible message box or dialog,
 //                                with its owner's window class
 //     answer <button> [--pid <pid>]  presses a message-box button by its text
@@ -442,6 +444,14 @@ Result FollowPanel(HWND window, const Args& args) {
     return {kOk, Object({{"lags", List(lags)}})};
 }
 
+Result ListKeysDown(const Args&) {
+    std::vector<std::string> down;
+    for (int key = 1; key < 255; ++key) {
+        if (GetAsyncKeyState(key) & 0x8000) down.push_back(Number(key));
+    }
+    return {kOk, List(down)};
+}
+
 // Processes ------------------------------------------------------------------------
 
 // Where a 64-bit process's parameters block keeps STARTUPINFO's dwFlags, with
@@ -594,6 +604,7 @@ Result Run(const Args& args) {
         {"presskey", PressKeyUntilEnabled}, {"follow", FollowPanel},
     };
     if (args[0] == "windows") return ListWindows(args);
+    if (args[0] == "keysdown") return ListKeysDown(args);
     if (args[0] == "startup") return ShowStartup(args);
     if (args[0] == "showtime") return TimeUntilShown(args);
     if (args[0] == "msgbox") return ShowMessageBox(args);
