@@ -6,7 +6,7 @@ target_link_options(probe PRIVATE ${KW_STATIC_RUNTIME})
 
 file(GLOB KW_DRIVER_SOURCES CONFIGURE_DEPENDS ${CMAKE_CURRENT_LIST_DIR}/driver/*_win.cpp)
 add_executable(kwdriver ${KW_DRIVER_SOURCES})
-target_link_libraries(kwdriver PRIVATE comctl32 winmm)
+target_link_libraries(kwdriver PRIVATE comctl32 winmm psapi)
 target_link_options(kwdriver PRIVATE ${KW_STATIC_RUNTIME})
 
 foreach(fixture probe kwdriver)
