@@ -18,10 +18,10 @@ import statistics
 import string
 import sys
 import time
-import unittest
 from pathlib import Path
 
-HERE = Path(__file__).resolve().parent
+from run_e2e import run_case_methods
+
 ESCAPE = 27
 FIGURES = ("typing", "waits", "stop", "cpu", "grid")
 
@@ -127,18 +127,8 @@ def make_bench_case():
 
 def main():
     arguments = parse_arguments()
-    if arguments.build:
-        os.environ["KW_BUILD_DIR"] = str(Path(arguments.build).resolve())
-    sys.path.insert(0, str(HERE))
-    import wine_session
-
-    bench = make_bench_case()
-    suite = unittest.TestSuite(bench(f"bench_{figure}") for figure in arguments.figures or FIGURES)
-    try:
-        result = unittest.TextTestRunner(verbosity=0, stream=sys.stdout).run(suite)
-    finally:
-        wine_session.close_session()
-    return 0 if result.wasSuccessful() else 1
+    return run_case_methods(arguments.build, make_bench_case,
+                            [f"bench_{figure}" for figure in arguments.figures or FIGURES])
 
 
 if __name__ == "__main__":

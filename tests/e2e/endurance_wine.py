@@ -15,14 +15,18 @@ Uses the end-to-end harness; the same environment settings apply
 (KW_E2E_DISPLAY, KW_E2E_TIMEOUT_SCALE).
 """
 import argparse
-import os
 import sys
 import time
-import unittest
-from pathlib import Path
 
-HERE = Path(__file__).resolve().parent
+from run_e2e import run_case_methods
+
 RUNS = ("kills", "soak")
+
+
+def run_name(name):
+    if name not in RUNS:
+        raise argparse.ArgumentTypeError(f"no run {name!r}: the runs are {', '.join(RUNS)}")
+    return name
 
 
 def parse_arguments():
@@ -30,12 +34,8 @@ def parse_arguments():
     parser.add_argument("--build", help="the Windows (cross) build directory")
     parser.add_argument("--kills", type=int, default=1000, help="kills during saves (default 1,000)")
     parser.add_argument("--passes", type=int, default=10000, help="passes of the soak (default 10,000)")
-    parser.add_argument("runs", nargs="*", help=f"runs: {', '.join(RUNS)} (both by default)")
-    arguments = parser.parse_args()
-    unknown = set(arguments.runs) - set(RUNS)
-    if unknown:
-        parser.error(f"unknown runs: {', '.join(sorted(unknown))}")
-    return arguments
+    parser.add_argument("runs", nargs="*", type=run_name, help=f"{', '.join(RUNS)} (both by default)")
+    return parser.parse_args()
 
 
 def megabytes(count):
@@ -79,18 +79,8 @@ def make_endurance_case(arguments):
 
 def main():
     arguments = parse_arguments()
-    if arguments.build:
-        os.environ["KW_BUILD_DIR"] = str(Path(arguments.build).resolve())
-    sys.path.insert(0, str(HERE))
-    import wine_session
-
-    run = make_endurance_case(arguments)
-    suite = unittest.TestSuite(run(f"run_{name}") for name in arguments.runs or RUNS)
-    try:
-        result = unittest.TextTestRunner(verbosity=0, stream=sys.stdout).run(suite)
-    finally:
-        wine_session.close_session()
-    return 0 if result.wasSuccessful() else 1
+    return run_case_methods(arguments.build, lambda: make_endurance_case(arguments),
+                            [f"run_{name}" for name in arguments.runs or RUNS])
 
 
 if __name__ == "__main__":
