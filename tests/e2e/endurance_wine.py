@@ -52,12 +52,16 @@ def make_endurance_case(arguments):
     class EnduranceRun(EnduranceTest):
         def run_kills(self):
             started = time.monotonic()
-            result = self.kill_during_saves(arguments.kills)
-            outcomes = ", ".join(f"{kind} {result.outcomes[kind]}" for kind in ("old", "new", "partial", "lost"))
-            say(f"kills: {sum(result.outcomes.values())} kills in {time.monotonic() - started:.0f} s, "
-                f"a save of the working copy taking {result.save_seconds * 1000:.0f} ms")
-            say(f"kills: {result.mid_save} landed while a temporary file existed (inside a save)")
-            say(f"kills: working copy afterwards: {outcomes}   (target: partial 0, lost 0)")
+
+            def counts(result):
+                outcomes = ", ".join(f"{kind} {result.outcomes[kind]}" for kind in ("old", "new", "partial", "lost"))
+                say(f"kills: {sum(result.outcomes.values())} kills in {time.monotonic() - started:.0f} s; "
+                    f"{result.mid_save} landed while a temporary file existed (inside a save); "
+                    f"working copy afterwards: {outcomes}")
+            result = self.kill_during_saves(arguments.kills, progress=counts)
+            counts(result)
+            say(f"kills: a save of the working copy took {result.save_seconds * 1000:.0f} ms; "
+                "target: partial 0, lost 0")
             say("kills: every restart showed the main window with the file's steps, an empty Error.log "
                 "and no temporary file left")
 
@@ -68,7 +72,7 @@ def make_endurance_case(arguments):
                 f"(GDI and USER objects counted by {taken[0][1]['objectSource']})")
             for counter in COUNTERS:
                 values = [sample[counter] for _, sample in taken]
-                shown = megabytes if counter in ("privateBytes", "workingSet") else str
+                shown = megabytes if counter.endswith(("Bytes", "Set")) else str
                 say(f"soak: {counter}: first {shown(values[0])} (pass {taken[0][0]}), "
                     f"last {shown(values[-1])} (pass {taken[-1][0]}), largest {shown(max(values))}")
             say(f"soak: target: flat (samples: {', '.join(str(done) for done, _ in taken)} passes)")

@@ -47,22 +47,22 @@ def step_cells(line):
 class EnduranceTest(WineTestCase):
     # Kill during saves ---------------------------------------------------------------
 
-    def kill_during_saves(self, kills, steps=BIG_SCRIPT_STEPS, seed=13):
+    def kill_during_saves(self, kills, steps=BIG_SCRIPT_STEPS, seed=13, progress=None):
         """Starts the program on a big working copy, changes the first step's
         X through the grid and kills the program at a random moment of the
         save that follows, `kills` times. The first round measures how long
         the save takes and is not killed early; the kills land in the 1.5
         times that span. Returns the outcomes ("old", "new", "partial",
         "lost"), how many kills left a temporary file behind (landed inside a
-        write) and the span."""
+        write) and the span; hands them to progress() after every 100 kills."""
         working_copy = self.make_program_folder(SETTLED, {"Data.dat": script_bytes(big_script(steps))}) / "Data.dat"
         choose = random.Random(seed)
         result = SimpleNamespace(outcomes=Counter(), mid_save=0, save_seconds=None)
         for round_number in range(kills + 1):
             old = file_bytes(working_copy)
-            self.start_on_working_copy(old)
+            first_x = self.start_on_working_copy(old)
             new = with_first_x(old, str(round_number % 1200 + 1))
-            self.edit_first_x(round_number % 1200 + 1)
+            self.edit_first_x(first_x, round_number % 1200 + 1)
             sent = time.monotonic()
             if result.save_seconds is None:
                 wait_until(lambda: file_bytes(working_copy) == new, 60, "the first save")
@@ -78,6 +78,8 @@ class EnduranceTest(WineTestCase):
             outcome = {old: "old", new: "new", None: "lost"}.get(content, "partial")
             result.outcomes[outcome] += 1
             self.assertIn(outcome, ("old", "new"), f"the working copy after kill {round_number}")
+            if progress and round_number % 100 == 0:
+                progress(result)
         self.start_on_working_copy(file_bytes(working_copy))
         return result
 
@@ -85,7 +87,7 @@ class EnduranceTest(WineTestCase):
         """Starts the program and checks that it started cleanly: the main
         window shows as many steps as the file holds, its first and last
         steps as in the file, nothing in the error log and no temporary file
-        left beside the working copy."""
+        left beside the working copy. Returns the first step's X cell."""
         lines = content.decode("latin-1").splitlines()
         self.klickwerk = self.start_klickwerk()
 
@@ -97,16 +99,17 @@ class EnduranceTest(WineTestCase):
                     return dict(window, target=f"hwnd={window['hwnd']}")
             return None
         self.main = wait_until(main_window_with_steps, 60, f"the main window with {len(lines)} steps")
-        for number in (1, len(lines)):
-            shown = self.driver("grid", self.main["target"], str(number), "1")[0]
-            self.assertEqual(step_cells(lines[number - 1]), (shown["checked"], shown["cells"]), f"step {number}")
+        shown = [self.driver("grid", self.main["target"], str(number), "1")[0] for number in (1, len(lines))]
+        for row, line in zip(shown, (lines[0], lines[-1])):
+            self.assertEqual(step_cells(line), (row["checked"], row["cells"]), "the first and the last step")
         self.assert_no_errors_logged()
         self.assertEqual([], sorted(path.name for path in self.folder.glob(TEMPORARY_FILES)), "temporary files")
+        return shown[0]["rects"][1]
 
-    def edit_first_x(self, value):
+    def edit_first_x(self, cell, value):
         """Types the value into the first step's X cell and presses Return,
         which saves the working copy."""
-        left, top, right, bottom = self.driver("grid", self.main["target"], "1", "1")[0]["rects"][1]
+        left, top, right, bottom = cell
         self.focus(APP_TITLE)
         self.xdotool("mousemove", str((left + right) // 2), str((top + bottom) // 2), "click", "1")
         wait_until(lambda: any(control["class"] == "Edit" and control["visible"] for control in self.controls()), 20,
