@@ -50,9 +50,10 @@ class EnduranceTest(WineTestCase):
     def kill_during_saves(self, kills, steps=BIG_SCRIPT_STEPS, seed=13, progress=None):
         """Starts the program on a big working copy, changes the first step's
         X through the grid and kills the program at a random moment of the
-        save that follows, `kills` times. The first round measures how long
-        the save takes and is not killed early; the kills land in the 1.5
-        times that span. Returns the outcomes ("old", "new", "partial",
+        save that follows, `kills` times. The first round measures the time
+        from the key that ends the edit until the new working copy is in
+        place and is not killed early; the kills land at random within that
+        span. Returns the outcomes ("old", "new", "partial",
         "lost"), how many kills left a temporary file behind (landed inside a
         write) and the span; hands them to progress() after every 100 kills."""
         working_copy = self.make_program_folder(SETTLED, {"Data.dat": script_bytes(big_script(steps))}) / "Data.dat"
@@ -65,10 +66,12 @@ class EnduranceTest(WineTestCase):
             self.edit_first_x(first_x, round_number % 1200 + 1)
             sent = time.monotonic()
             if result.save_seconds is None:
-                wait_until(lambda: file_bytes(working_copy) == new, 60, "the first save")
+                replaced = working_copy.stat().st_ino
+                wait_until(lambda: working_copy.stat().st_ino != replaced, 60, "the first save", poll=0.001)
                 result.save_seconds = time.monotonic() - sent
+                self.assertEqual(new, file_bytes(working_copy), "the first save")
             else:
-                time.sleep(choose.uniform(0, 1.5 * result.save_seconds))
+                time.sleep(choose.uniform(0, result.save_seconds))
             self.klickwerk.kill()
             self.klickwerk.wait()
             if round_number == 0:

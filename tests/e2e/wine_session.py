@@ -40,10 +40,10 @@ WINE = _first_program("/usr/lib/wine/wine64", "wine64", "wine")
 WINESERVER = _first_program("/usr/lib/wine/wineserver64", "wineserver64", "wineserver")
 
 
-def wait_until(condition, timeout, what, accept=bool):
-    """Polls condition() until accept() takes its value (by default: until it
-    is truthy) and returns that value; fails the test with the last value
-    seen when the deadline passes."""
+def wait_until(condition, timeout, what, accept=bool, poll=POLL_SECONDS):
+    """Polls condition() every `poll` seconds until accept() takes its value
+    (by default: until it is truthy) and returns that value; fails the test
+    with the last value seen when the deadline passes."""
     deadline = time.monotonic() + timeout * TIMEOUT_SCALE
     while True:
         last = condition()
@@ -51,7 +51,7 @@ def wait_until(condition, timeout, what, accept=bool):
             return last
         if time.monotonic() > deadline:
             raise AssertionError(f"timed out after {timeout} s waiting for {what}; last seen: {last!r}")
-        time.sleep(POLL_SECONDS)
+        time.sleep(poll)
 
 
 def _stop_process(process, grace=5):
