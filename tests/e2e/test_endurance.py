@@ -120,8 +120,9 @@ class EnduranceTest(WineTestCase):
         self.xdotool("key", "ctrl+a", "BackSpace", *str(value), "Return")
 
     def test_kills_during_saves_leave_the_old_or_the_new_working_copy(self):
-        result = self.kill_during_saves(20)
-        self.assertEqual(20, sum(result.outcomes.values()))
+        # About one kill in five lands inside the write: 30 make at least one all but certain.
+        result = self.kill_during_saves(30)
+        self.assertEqual(30, sum(result.outcomes.values()))
         self.assertGreater(result.mid_save, 0, "some kills landed inside a save")
 
     # Soak ----------------------------------------------------------------------------
