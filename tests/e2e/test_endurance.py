@@ -81,7 +81,7 @@ class EnduranceTest(WineTestCase):
             outcome = {old: "old", new: "new", None: "lost"}.get(content, "partial")
             result.outcomes[outcome] += 1
             self.assertIn(outcome, ("old", "new"), f"the working copy after kill {round_number}")
-            if progress and round_number % 100 == 0:
+            if progress and round_number % 100 == 0 and round_number < kills:
                 progress(result)
         self.start_on_working_copy(file_bytes(working_copy))
         return result
