@@ -134,10 +134,17 @@ bool MainSub(App& app, StartupServices& services) {
         app.programFolder = app.os.os.ProgramFolder();
         app.errorLogPath = app.programFolder + "\\Error.log";
         app.errorLogSizeAtStart = static_cast<long>(app.os.files.Length(app.errorLogPath).value_or(0));
-        if (app.os.os.OtherInstanceRunning() && !AskForSecondInstance(app)) return;
+        bool another = app.os.os.OtherInstanceRunning();
+        if (another && !AskForSecondInstance(app)) return;
         InitVisualStyles(app.os.os);
         app.settingsPath = app.programFolder + "\\Settings.ini";
         app.scriptStorePath = app.programFolder + "\\Data.dat";
+        // A copy killed while it wrote the working copy, the settings or a
+        // script left its temporary file; none is being written when this
+        // copy runs alone.
+        if (!another) {
+            for (const char* folder : {"", "\\Scripts"}) app.os.files.RemoveLeftovers(app.programFolder + folder);
+        }
         app.closingFlag = false;
         services.ShowSplash(app.appTitle, BuildText());
         services.LoadMainWindow();

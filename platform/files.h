@@ -19,6 +19,10 @@ public:
     virtual bool Copy(const std::string& from, const std::string& to) = 0;
     // Deletes the file; false when it could not (it did not exist, say).
     virtual bool Remove(const std::string& path) = 0;
+    // Removes the temporary files that writes cut short (a killed program)
+    // left in the folder. Only while no other copy of the program runs: one
+    // of its writes may be under way.
+    virtual void RemoveLeftovers(const std::string& folder) = 0;
     // Names (without folder) of the files matching a pattern such as
     // "C:\Prog\Scripts\*.kwf", in the order the system lists them.
     virtual std::vector<std::string> List(const std::string& pattern) = 0;

@@ -31,12 +31,22 @@ private:
     HANDLE handle_;
 };
 
+// GetTempFileNameA makes "kwt<hex>.tmp".
+constexpr const char* kTemporaryPrefix = "kwt";
+constexpr const char* kTemporaryPattern = "\\kwt*.tmp";
+
 std::string FolderOf(const std::string& path) {
     std::size_t slash = path.find_last_of("\\/");
     return slash == std::string::npos ? "." : path.substr(0, slash);
 }
 
 }  // namespace
+
+std::string NewTemporaryFile(const std::string& path) {
+    char temporary[MAX_PATH];
+    if (!GetTempFileNameA(FolderOf(path).c_str(), kTemporaryPrefix, 0, temporary)) return {};
+    return temporary;
+}
 
 std::optional<std::int64_t> WinFiles::Length(const std::string& path) {
     FileHandle file(path, 0, OPEN_EXISTING);
@@ -56,16 +66,16 @@ std::optional<std::string> WinFiles::ReadAll(const std::string& path) {
 }
 
 bool WinFiles::WriteAtomically(const std::string& path, const std::string& data) {
-    char temporary[MAX_PATH];
-    if (!GetTempFileNameA(FolderOf(path).c_str(), "kwt", 0, temporary)) return false;
+    std::string temporary = NewTemporaryFile(path);
+    if (temporary.empty()) return false;
     bool written;
     {
         FileHandle file(temporary, GENERIC_WRITE, CREATE_ALWAYS);
         written = file.Ok() && file.WriteAll(data) && FlushFileBuffers(file.Get());
     }
-    if (written && MoveFileExA(temporary, path.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
+    if (written && MoveFileExA(temporary.c_str(), path.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
         return true;
-    DeleteFileA(temporary);
+    DeleteFileA(temporary.c_str());
     return false;
 }
 
@@ -81,6 +91,10 @@ bool WinFiles::Copy(const std::string& from, const std::string& to) {
 }
 
 bool WinFiles::Remove(const std::string& path) { return DeleteFileA(path.c_str()) != 0; }
+
+void WinFiles::RemoveLeftovers(const std::string& folder) {
+    for (const std::string& name : List(folder + kTemporaryPattern)) DeleteFileA((folder + "\\" + name).c_str());
+}
 
 std::vector<std::string> WinFiles::List(const std::string& pattern) {
     std::vector<std::string> names;

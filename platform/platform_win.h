@@ -25,7 +25,12 @@ public:
     bool Copy(const std::string& from, const std::string& to) override;
     bool Remove(const std::string& path) override;
     std::vector<std::string> List(const std::string& pattern) override;
+    void RemoveLeftovers(const std::string& folder) override;
 };
+
+// A new empty temporary file in the folder of `path`, named so that
+// RemoveLeftovers finds it; empty when none could be made.
+std::string NewTemporaryFile(const std::string& path);
 
 // GetPrivateProfileStringA / WritePrivateProfileStringA. A write goes into a
 // copy of the file that then replaces it, so a crash never leaves half a file.

@@ -14,12 +14,14 @@ std::string WinSettingsFile::Read(const std::string& section, const std::string&
 int WinSettingsFile::Write(const std::string& section, const std::string& key, const std::string& value,
                            const std::string& file) {
     // The profile call rewrites the file in place; let it work on a copy and
-    // put the copy in place afterwards. Named per process, so that two running
-    // copies of the program never write through the same one.
-    std::string copy = file + "." + std::to_string(GetCurrentProcessId()) + ".new";
-    if (!CopyFileA(file.c_str(), copy.c_str(), FALSE)) {
-        if (GetLastError() != ERROR_FILE_NOT_FOUND) return 0;
-        DeleteFileA(copy.c_str());  // a leftover of an interrupted write
+    // put the copy in place afterwards. A temporary file of its own, so that
+    // two running copies of the program never write through the same one;
+    // without a settings file yet, it starts empty.
+    std::string copy = NewTemporaryFile(file);
+    if (copy.empty()) return 0;
+    if (!CopyFileA(file.c_str(), copy.c_str(), FALSE) && GetLastError() != ERROR_FILE_NOT_FOUND) {
+        DeleteFileA(copy.c_str());
+        return 0;
     }
     BOOL written = WritePrivateProfileStringA(section.c_str(), key.c_str(), value.c_str(), copy.c_str());
     if (written && MoveFileExA(copy.c_str(), file.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))

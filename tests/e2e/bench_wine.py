@@ -34,11 +34,11 @@ import statistics
 import string
 import sys
 import time
-import unittest
 from pathlib import Path
 from typing import NamedTuple
 
-HERE = Path(__file__).resolve().parent
+from run_e2e import run_case_methods
+
 FIGURES = ("typing", "waits", "stop", "cpu", "grid", "startup", "size", "recording", "recdelay")
 PROBE = "Probe Bench"
 REFERENCE_WINDOW = "Reference Window"
@@ -470,19 +470,10 @@ def print_table():
 
 def main():
     arguments = parse_arguments()
-    if arguments.build:
-        os.environ["KW_BUILD_DIR"] = str(Path(arguments.build).resolve())
-    sys.path.insert(0, str(HERE))
-    import wine_session
-
-    bench = make_bench_case()
-    suite = unittest.TestSuite(bench(f"bench_{figure}") for figure in arguments.figures or FIGURES)
-    try:
-        result = unittest.TextTestRunner(verbosity=0, stream=sys.stdout).run(suite)
-    finally:
-        wine_session.close_session()
+    failed = run_case_methods(arguments.build, make_bench_case,
+                              [f"bench_{figure}" for figure in arguments.figures or FIGURES])
     print_table()
-    return 0 if result.wasSuccessful() else 1
+    return failed
 
 
 if __name__ == "__main__":

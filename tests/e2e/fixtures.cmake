@@ -7,7 +7,7 @@ add_executable(reference WIN32 ${CMAKE_CURRENT_LIST_DIR}/bench/reference_win.cpp
 
 file(GLOB KW_DRIVER_SOURCES CONFIGURE_DEPENDS ${CMAKE_CURRENT_LIST_DIR}/driver/*_win.cpp)
 add_executable(kwdriver ${KW_DRIVER_SOURCES})
-target_link_libraries(kwdriver PRIVATE comctl32 winmm)
+target_link_libraries(kwdriver PRIVATE comctl32 winmm psapi)
 
 foreach(fixture probe reference kwdriver)
   target_compile_options(${fixture} PRIVATE ${KW_WARNINGS})

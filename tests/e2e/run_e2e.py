@@ -38,12 +38,34 @@ def failed_tests(result):
     return {getattr(test, "test_case", test).id() for test, _ in failing}
 
 
+def use_build(build):
+    """Points the harness at the Windows build; before it is first imported,
+    as it reads KW_BUILD_DIR then."""
+    if build:
+        os.environ["KW_BUILD_DIR"] = str(Path(build).resolve())
+    sys.path.insert(0, str(HERE))
+
+
+def run_case_methods(build, make_case, names):
+    """Runs the named methods of the test case class that make_case()
+    returns, on one display and prefix, for the figures they print; 0 when
+    all passed, else 1."""
+    use_build(build)
+    import wine_session
+
+    case = make_case()
+    suite = unittest.TestSuite(case(name) for name in names)
+    try:
+        result = unittest.TextTestRunner(verbosity=0, stream=sys.stdout).run(suite)
+    finally:
+        wine_session.close_session()
+    return 0 if result.wasSuccessful() else 1
+
+
 def main():
     arguments = parse_arguments()
-    if arguments.build:
-        os.environ["KW_BUILD_DIR"] = str(Path(arguments.build).resolve())
-    sys.path.insert(0, str(HERE))
-    import wine_session  # reads KW_BUILD_DIR, so only after it is set
+    use_build(arguments.build)
+    import wine_session
 
     started = time.monotonic()
     runner = unittest.TextTestRunner(verbosity=2, stream=sys.stdout)

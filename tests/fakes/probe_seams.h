@@ -38,6 +38,7 @@ public:
     bool Copy(const std::string& from, const std::string& to) override { return inner_.Copy(from, to); }
     bool Remove(const std::string& path) override { return inner_.Remove(path); }
     std::vector<std::string> List(const std::string& pattern) override { return inner_.List(pattern); }
+    void RemoveLeftovers(const std::string& folder) override { inner_.RemoveLeftovers(folder); }
 
     // Runs before each atomic write; false fails the write like a full disk,
     // so nothing reaches the file.

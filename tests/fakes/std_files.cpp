@@ -61,6 +61,10 @@ bool StdFiles::Remove(const std::string& path) {
     return fs::remove(Native(path), error);
 }
 
+void StdFiles::RemoveLeftovers(const std::string& folder) {
+    for (const std::string& name : List(folder + "\\*.tmp")) Remove(folder + "\\" + name);
+}
+
 std::vector<std::string> StdFiles::List(const std::string& pattern) {
     fs::path native = Native(pattern);
     std::string mask = native.filename().string();

@@ -12,4 +12,6 @@ public:
     bool Copy(const std::string& from, const std::string& to) override;
     bool Remove(const std::string& path) override;
     std::vector<std::string> List(const std::string& pattern) override;
+    // The temporary files are "<target>.tmp".
+    void RemoveLeftovers(const std::string& folder) override;
 };

@@ -82,6 +82,21 @@ TEST(MainSub, TurnsVisualStylesOnOnlyWhereTheSystemDrawsThem) {
     }
 }
 
+TEST(MainSub, RemovesTemporaryFilesLeftByAKilledCopyOnlyWhenRunningAlone) {
+    for (bool another : {false, true}) {
+        StartupApp t;
+        t.osInfo.otherInstance = another;
+        t.boxes.answers = {BoxAnswer::Yes};
+        for (const char* name : {"Data.dat.tmp", "Scripts/mine.kwf.tmp", "Data.dat", "Scripts/mine.kwf"})
+            t.WriteFile(name, "steps");
+        MainSub(t.app, t.services);
+        // Another copy may be writing through them right now.
+        EXPECT_EQ(t.Exists("Data.dat.tmp"), another);
+        EXPECT_EQ(t.Exists("Scripts/mine.kwf.tmp"), another);
+        EXPECT_TRUE(t.Exists("Data.dat") && t.Exists("Scripts/mine.kwf"));
+    }
+}
+
 TEST(CloseMainWindow, FailedSaveCancelsTheClose) {
     StartupApp t;
     t.AddStep({"1", "-1", "-1", "No Click", "", "0", "0", "0"});

@@ -7,8 +7,9 @@
 //     controls <target>          child windows with class, text and states;
 //                                buttons also with their check state
 //                                (BM_GETCHECK) and the type of their style
-//     grid <target>              the list view's rows: cells, their screen
-//                                rectangles and the check mark
+//     grid <target> [first [count]]  the list view's rows (all, or `count`
+//                                from row `first`, 1-based): cells, their
+//                                screen rectangles and the check mark
 //     status <target>            the status bar's panels: text, screen rectangle
 //     toolbar <target>           the toolbar's buttons: caption, enabled state,
 //                                screen rectangle
@@ -34,6 +35,8 @@
 //                                until a window of that class is shown, ends it
 //     keysdown                   the virtual keys and mouse buttons that are
 //                                down now, as GetAsyncKeyState sees them
+//     resources <exe>            a running program's kernel handles, GDI and
+//                                USER objects, private bytes and working set
 //     msgbox [--pid <pid>]       the first visible message box or dialog,
 //                                with its owner's window class
 //     answer <button> [--pid <pid>]  presses a message-box button by its text
@@ -49,11 +52,13 @@
 #include <tlhelp32.h>
 #include <winternl.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <string>
 #include <vector>
 
+#include "process_counters.h"
 #include "remote_controls.h"
 
 namespace {
@@ -241,11 +246,13 @@ Result ListControls(HWND window, const Args&) {
     return {kOk, List(controls)};
 }
 
-Result ShowGrid(HWND window, const Args&) {
+Result ShowGrid(HWND window, const Args& args) {
     HWND listView = FindDescendant(window, WC_LISTVIEWA);
     std::vector<GridRow> rows;
     if (!listView) return Fail(kNotFound, "no list view in the window");
-    if (!ReadGrid(listView, rows)) return Fail(kFailed, "could not read the list view");
+    const int first = args.size() > 2 ? atoi(args[2].c_str()) - 1 : 0;
+    const int limit = args.size() > 3 ? atoi(args[3].c_str()) : INT_MAX;
+    if (!ReadGrid(listView, rows, std::max(first, 0), limit)) return Fail(kFailed, "could not read the list view");
     std::vector<std::string> items;
     for (const GridRow& row : rows) {
         std::vector<std::string> cells, rects;
@@ -318,7 +325,7 @@ Result SelectRows(HWND window, const Args& args) {
     std::vector<int> rows;
     for (size_t i = 2; i < args.size(); ++i) rows.push_back(atoi(args[i].c_str()) - 1);
     if (!SelectGridRows(listView, rows)) return Fail(kFailed, "could not select the rows");
-    return ShowGrid(window, args);
+    return ShowGrid(window, {args[0], args[1]});  // all rows: the numbers given are no range
 }
 
 Result PostSysCommand(HWND window, const Args& args) {
@@ -473,16 +480,12 @@ DWORD ProcessOf(const std::string& exe) {
 Result ShowStartup(const Args& args) {
     const DWORD processId = args.size() < 2 ? 0 : ProcessOf(args[1]);
     if (!processId) return Fail(kNotFound, "no such process");
-    using Query = LONG(WINAPI*)(HANDLE, PROCESSINFOCLASS, PVOID, ULONG, PULONG);
-    const auto query = reinterpret_cast<Query>(
-        reinterpret_cast<void*>(GetProcAddress(GetModuleHandleA("ntdll.dll"), "NtQueryInformationProcess")));
     HANDLE process = OpenProcess(PROCESS_QUERY_INFORMATION | PROCESS_VM_READ, FALSE, processId);
-    PROCESS_BASIC_INFORMATION basic{};
-    PEB peb{};
+    void* peb = process ? PebAddress(process) : nullptr;
+    PEB block{};
     ULONG flags[2] = {};
-    const bool read = process && query && query(process, ProcessBasicInformation, &basic, sizeof basic, nullptr) == 0 &&
-                      ReadProcessMemory(process, basic.PebBaseAddress, &peb, sizeof peb, nullptr) &&
-                      ReadProcessMemory(process, reinterpret_cast<char*>(peb.ProcessParameters) + kWindowFlagsOffset,
+    const bool read = peb && ReadProcessMemory(process, peb, &block, sizeof block, nullptr) &&
+                      ReadProcessMemory(process, reinterpret_cast<char*>(block.ProcessParameters) + kWindowFlagsOffset,
                                         flags, sizeof flags, nullptr);
     if (process) CloseHandle(process);
     if (!read) return Fail(kFailed, "could not read the process parameters");
@@ -521,6 +524,18 @@ Result TimeUntilShown(const Args& args) {
     CloseHandle(started.hProcess);
     if (!shown) return Fail(kFailed, "no window of class " + args[1] + " was shown");
     return {kOk, Object({{"ms", ms}})};
+}
+
+Result ShowResources(const Args& args) {
+    const DWORD processId = args.size() < 2 ? 0 : ProcessOf(args[1]);
+    if (!processId) return Fail(kNotFound, "no such process");
+    ProcessCounters counters;
+    std::string reason;
+    if (!ReadProcessCounters(processId, counters, reason)) return Fail(kFailed, reason);
+    return {kOk, Object({{"handles", Number(counters.handles)}, {"gdi", Number(counters.gdiObjects)},
+                         {"user", Number(counters.userObjects)}, {"objectSource", Text(counters.objectSource)},
+                         {"privateBytes", Number(static_cast<long long>(counters.privateBytes))},
+                         {"workingSet", Number(static_cast<long long>(counters.workingSet))}})};
 }
 
 // Message boxes ------------------------------------------------------------------
@@ -607,6 +622,7 @@ Result Run(const Args& args) {
     if (args[0] == "keysdown") return ListKeysDown(args);
     if (args[0] == "startup") return ShowStartup(args);
     if (args[0] == "showtime") return TimeUntilShown(args);
+    if (args[0] == "resources") return ShowResources(args);
     if (args[0] == "msgbox") return ShowMessageBox(args);
     if (args[0] == "answer") return AnswerMessageBox(args);
     for (const auto& command : kWindowCommands) {

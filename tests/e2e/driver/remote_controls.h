@@ -4,6 +4,7 @@
 // control's own process.
 #include <windows.h>
 
+#include <climits>
 #include <string>
 #include <vector>
 
@@ -26,7 +27,8 @@ struct ToolbarButton {
 };
 
 // Each returns false when a message to the control failed.
-bool ReadGrid(HWND listView, std::vector<GridRow>& rows);
+// The rows from `first` (0-based), at most `limit` of them.
+bool ReadGrid(HWND listView, std::vector<GridRow>& rows, int first = 0, int limit = INT_MAX);
 bool ReadStatusBar(HWND statusBar, std::vector<StatusPanel>& panels);
 bool ReadToolbar(HWND toolbar, std::vector<ToolbarButton>& buttons);
 // Selects exactly the given rows (0-based), as clicks with Ctrl held would.

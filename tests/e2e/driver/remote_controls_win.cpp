@@ -3,6 +3,7 @@
 #include <commctrl.h>
 
 #include <algorithm>
+#include <climits>
 
 namespace {
 
@@ -71,14 +72,14 @@ std::string ItemText(HWND listView, RemoteMemory& memory, int item, int subItem)
 }
 
 // Runs read(memory, index) for each of the items a control counts with
-// `countMessage`, with one block of memory in its process; false as soon as a
-// message fails.
+// `countMessage` (from `first`, at most `limit` of them), with one block of
+// memory in its process; false as soon as a message fails.
 template <class Read>
-bool ForEachItem(HWND control, UINT countMessage, Read read) {
+bool ForEachItem(HWND control, UINT countMessage, Read read, int first = 0, int limit = INT_MAX) {
     RemoteMemory memory(control);
     LRESULT count = 0;
     if (!memory.Ok() || !Send(control, countMessage, 0, 0, count)) return false;
-    for (int index = 0; index < count; ++index) {
+    for (int index = first; index < count && index - first < limit; ++index) {
         if (!read(memory, index)) return false;
     }
     return true;
@@ -98,7 +99,7 @@ bool CellRect(HWND listView, RemoteMemory& memory, int item, int subItem, RECT& 
 
 }  // namespace
 
-bool ReadGrid(HWND listView, std::vector<GridRow>& rows) {
+bool ReadGrid(HWND listView, std::vector<GridRow>& rows, int first, int limit) {
     LRESULT header = 0, columns = 0;
     if (!Send(listView, LVM_GETHEADER, 0, 0, header) ||
         !Send(reinterpret_cast<HWND>(header), HDM_GETITEMCOUNT, 0, 0, columns)) {
@@ -117,7 +118,7 @@ bool ReadGrid(HWND listView, std::vector<GridRow>& rows) {
         row.checked = (state & LVIS_STATEIMAGEMASK) >> 12 == 2;  // image 2 is the ticked box, 1 the empty one
         rows.push_back(row);
         return true;
-    });
+    }, first, limit);
 }
 
 bool ReadStatusBar(HWND statusBar, std::vector<StatusPanel>& panels) {
