@@ -137,6 +137,7 @@ struct App {
     long columnWidthTotal = 0;  // sum of the widths when NewWidth last ran
 
     bool stopRequested = false;
+    bool pauseBoxShown = false;  // F10's box is up: a held F10 opens no second one
     std::string pendingPrefix;
 
     // Playback: the wall-clock moment (Clock::Now) the current step wait ends,

@@ -31,12 +31,20 @@ int SingleSelectedRow(App& app) {
     return found;
 }
 
+// The box's own message loop keeps this timer ticking, so a held F10 would
+// stack boxes that the run then waits on one by one.
+void ShowPauseBox(App& app) {
+    app.pauseBoxShown = true;
+    app.ui.boxes.Show("Paused. Press OK to resume.", "PAUSED", BoxStyle::Plain);
+    app.pauseBoxShown = false;
+}
+
 }  // namespace
 
 void OnHotkeyTimer(App& app) {
     if (app.ui.main.RecordCaption() != "RECORD") return;
     if (Pressed(app, kVkCopyPointer)) CopyPointerIntoSelection(app);
-    if (Pressed(app, kVkPause)) app.ui.boxes.Show("Paused. Press OK to resume.", "PAUSED", BoxStyle::Plain);
+    if (Pressed(app, kVkPause) && !app.pauseBoxShown) ShowPauseBox(app);
 }
 
 void OnShiftNextTimer(App& app) {
