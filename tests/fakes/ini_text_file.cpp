@@ -1,7 +1,7 @@
 #include "fakes/ini_text_file.h"
 
 #include <optional>
-#include <sstream>
+#include <algorithm>
 #include <vector>
 
 #include "core/basic_text.h"
@@ -20,10 +20,12 @@ std::string TrimBlanks(const std::string& text) {
 
 std::vector<std::string> Lines(const std::string& text) {
     std::vector<std::string> lines;
-    std::istringstream in(text);
-    for (std::string line; std::getline(in, line);) {
+    for (std::size_t start = 0; start < text.size();) {
+        std::size_t end = std::min(text.find('\n', start), text.size());
+        std::string line = text.substr(start, end - start);
         if (!line.empty() && line.back() == '\r') line.pop_back();
-        lines.push_back(line);
+        lines.push_back(std::move(line));
+        start = end + 1;
     }
     return lines;
 }
@@ -74,8 +76,17 @@ Location Find(const std::vector<std::string>& lines, const std::string& section,
 
 }  // namespace
 
+const std::vector<std::string>& IniTextFile::LinesOf(const std::string& file) {
+    std::string text = files_.ReadAll(file).value_or("");
+    if (text != parsedText_) {
+        parsedText_ = std::move(text);
+        parsedLines_ = Lines(parsedText_);
+    }
+    return parsedLines_;
+}
+
 std::string IniTextFile::Read(const std::string& section, const std::string& key, const std::string& file) {
-    std::vector<std::string> lines = Lines(files_.ReadAll(file).value_or(""));
+    const std::vector<std::string>& lines = LinesOf(file);
     Location at = Find(lines, section, key);
     if (at.keyLine < 0) return "";
     return ValueOf(lines[at.keyLine]).substr(0, kReadBufferChars - 1);
@@ -83,7 +94,7 @@ std::string IniTextFile::Read(const std::string& section, const std::string& key
 
 int IniTextFile::Write(const std::string& section, const std::string& key, const std::string& value,
                        const std::string& file) {
-    std::vector<std::string> lines = Lines(files_.ReadAll(file).value_or(""));
+    std::vector<std::string> lines = LinesOf(file);
     Location at = Find(lines, section, key);
     std::string entry = key + "=" + value;
     if (at.keyLine >= 0) {
