@@ -1,13 +1,15 @@
 """Bad files met by the real program: a 100 MB binary working copy, a UTF-16
 script named on the command line and settings files saved as Unicode. The
 program starts, shows what it should, logs what it should and is ready within
-5 s; each test prints the time it took."""
+5 s from its start (stretched by KW_E2E_TIMEOUT_SCALE on a slow machine);
+each test prints the time it took."""
 import time
 
 from harness import APP_TITLE, SETTLED, WineTestCase, file_bytes, script_bytes, script_lines, step, win_path
-from wine_session import wait_until
+from wine_session import TIMEOUT_SCALE, wait_until
 
-MOST_SECONDS = 5
+BUDGET = 5  # wait_until stretches it itself
+MOST_SECONDS = BUDGET * TIMEOUT_SCALE
 NOT_A_SCRIPT = "Klickwerk Invalid procedure call or argument 5 ReadData 0\r\n"
 
 
@@ -22,7 +24,10 @@ def binary(size):
 
 class BadFilesTest(WineTestCase):
     def start_timed(self, *args):
-        """Starts the program, waits for its main window and returns the moment it was started."""
+        """Starts the program, waits for its main window and returns the moment
+        it was started. The Wine server is started first, by the driver, so
+        that the time is the program's own."""
+        self.driver("windows")
         started = time.monotonic()
         self.klickwerk = self.start_klickwerk(*args)
         self.wait_for_main_window()
@@ -30,14 +35,14 @@ class BadFilesTest(WineTestCase):
 
     def report(self, what, started):
         seconds = time.monotonic() - started
-        print(f"bad file end to end: {what:<40} {seconds:6.2f} s (at most {MOST_SECONDS} s)")
+        print(f"bad file end to end: {what:<40} {seconds:6.2f} s (at most {MOST_SECONDS:g} s)")
         self.assertLess(seconds, MOST_SECONDS, what)
 
     def test_100_mb_binary_working_copy_leaves_the_grid_empty_and_is_logged(self):
         working_copy = binary(100 << 20)
         self.make_program_folder(SETTLED, {"Data.dat": working_copy})
         started = self.start_timed()
-        wait_until(self.error_log, MOST_SECONDS, "the reader's line in the error log")
+        wait_until(self.error_log, BUDGET, "the reader's line in the error log")
         self.report("100 MB binary Data.dat", started)
         self.screenshot("binary-working-copy")
         self.assertEqual(NOT_A_SCRIPT, self.error_log())
@@ -54,7 +59,7 @@ class BadFilesTest(WineTestCase):
         text = "".join(line + "\r\n" for line in script_lines([step(keys="Hello"), step(x=10, y=20)]))
         self.make_program_folder(SETTLED, {"Scripts/unicode.kwf": utf16(text)})
         started = self.start_timed(win_path(self.folder / "Scripts" / "unicode.kwf"))
-        wait_until(self.error_log, MOST_SECONDS, "the reader's line in the error log")
+        wait_until(self.error_log, BUDGET, "the reader's line in the error log")
         self.report("UTF-16 script on the command line", started)
         self.screenshot("utf16-script")
         self.assertEqual(NOT_A_SCRIPT, self.error_log())
@@ -63,14 +68,14 @@ class BadFilesTest(WineTestCase):
         self.assertIsNone(self.driver("msgbox", allow_missing=True))
 
     def test_settings_saved_as_unicode_are_read_as_text(self):
-        settings = "".join(f"{key}={value}\r\n" for key, value in (SETTLED | {"StopKey": 65, "StepCounter": 42}).items())
+        settings = "".join(f"{key}={value}\r\n" for key, value in (SETTLED | {"StopKey": 119, "StepCounter": 42}).items())
         for name, encoded in (("UTF-8 with BOM", b"\xef\xbb\xbf" + f"[MAIN]\r\n{settings}".encode()),
                               ("UTF-16", utf16(f"[MAIN]\r\n{settings}"))):
             with self.subTest(name):
                 self.make_program_folder(None, {"Settings.ini": encoded,
                                                 "Data.dat": script_bytes(script_lines([step(keys="k")]))})
                 started = self.start_timed()
-                self.wait_for_grid_rows(1, timeout=MOST_SECONDS)
+                self.wait_for_grid_rows(1, timeout=BUDGET)
                 self.report(f"Settings.ini in {name}", started)
-                self.assertEqual(["A", "42"], self.panels()[3:5], "stop key and click counter as stored")
+                self.assertEqual(["F8", "42"], self.panels()[3:5], "stop key and click counter as stored")
                 self.stop_started()
