@@ -24,6 +24,11 @@ constexpr const char* kBadNames[] = {"empty", "binary", "truncated", "100 MB", "
 constexpr std::size_t kUnitBytes = 1024;
 constexpr std::size_t kHugeUnits = 100 * 1024;  // 100 MB of 1 KB units
 constexpr double kMostSeconds = 5;
+#if defined(__SANITIZE_ADDRESS__)
+constexpr bool kTimed = false;  // the sanitizers' checks slow every reader down several times over
+#else
+constexpr bool kTimed = true;
+#endif
 
 // A 1 KB unit of a huge file: `head`, filler, `tail`.
 std::string Unit(const std::string& head, const std::string& tail) {
@@ -205,7 +210,7 @@ TEST(BadFiles, EveryReaderGivesItsSpecifiedResultWithin5Seconds) {
             std::printf("bad file: %-45s %6.3f s, processor %6.3f s (at most %.0f s)\n", what.c_str(), seconds,
                         processor, kMostSeconds);
             EXPECT_EQ(reader.seen(t), expected.seen) << what;
-            EXPECT_LT(processor, kMostSeconds) << what;
+            if (kTimed) EXPECT_LT(processor, kMostSeconds) << what;
         }
     }
 }
