@@ -210,7 +210,9 @@ TEST(BadFiles, EveryReaderGivesItsSpecifiedResultWithin5Seconds) {
             std::printf("bad file: %-45s %6.3f s, processor %6.3f s (at most %.0f s)\n", what.c_str(), seconds,
                         processor, kMostSeconds);
             EXPECT_EQ(reader.seen(t), expected.seen) << what;
-            if (kTimed) EXPECT_LT(processor, kMostSeconds) << what;
+            if (kTimed) {
+                EXPECT_LT(processor, kMostSeconds) << what;
+            }
         }
     }
 }
