@@ -21,11 +21,8 @@ constexpr const char* kHintFile = "\\DYK.dat";
 std::vector<std::string> ReadHintElements(App& app) {
     std::optional<std::string> text = app.os.files.ReadAll(app.programFolder + kHintFile);
     if (!text) throw RuntimeError(errors::kFileNotFound, "File not found");
-    std::string joined;
-    for (char character : *text) {
-        if (character != '\r' && character != '\n') joined += character;
-    }
-    std::vector<std::string> elements = Split(joined, "|");
+    std::erase_if(*text, [](char character) { return character == '\r' || character == '\n'; });
+    std::vector<std::string> elements = Split(*text, "|");
     if (elements.size() < 3) RaiseSubscriptOutOfRange();
     return elements;
 }

@@ -32,3 +32,7 @@ if(benchmark_FOUND)
     target_link_libraries(${name} PRIVATE kw_app benchmark::benchmark Threads::Threads)
   endforeach()
 endif()
+
+if(KW_FUZZ)
+  include(${CMAKE_CURRENT_LIST_DIR}/fuzz_targets.cmake)
+endif()

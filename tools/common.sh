@@ -4,12 +4,14 @@
 KW_NATIVE_BUILD=${KW_NATIVE_BUILD:-build-native}
 KW_SANITIZE_BUILD=${KW_SANITIZE_BUILD:-build-sanitize}
 KW_WINDOWS_BUILD=${KW_WINDOWS_BUILD:-build-windows}
+KW_FUZZ_BUILD=${KW_FUZZ_BUILD:-build-fuzz}
 # CI builds with warnings as errors.
 KW_CMAKE_OPTIONS=(-DCMAKE_BUILD_TYPE=Release -DKW_WARNINGS_AS_ERRORS=$([ "${CI:-}" = true ] && echo ON || echo OFF))
 
 KW_PACKAGES=(
   build-essential cmake git python3
   googletest libgtest-dev libgmock-dev libbenchmark-dev
+  clang-14 libclang-rt-14-dev
   g++-mingw-w64-x86-64-posix
   wine64 xvfb xauth xdotool imagemagick
   fp-utils libchm-bin
@@ -44,6 +46,13 @@ kw_build_native() {
 kw_build_sanitize() {
   cmake -S . -B "$KW_SANITIZE_BUILD" "${KW_CMAKE_OPTIONS[@]}" -DKW_SANITIZE=ON &&
     cmake --build "$KW_SANITIZE_BUILD" --target unit_tests -- -j2
+}
+
+# The libFuzzer targets of tests/fuzz/ (tools/fuzz.sh runs them).
+kw_build_fuzz() {
+  cmake -S . -B "$KW_FUZZ_BUILD" "${KW_CMAKE_OPTIONS[@]}" -DKW_FUZZ=ON \
+      -DCMAKE_C_COMPILER=clang-14 -DCMAKE_CXX_COMPILER=clang++-14 &&
+    cmake --build "$KW_FUZZ_BUILD" --target fuzz_targets -- -j2
 }
 
 kw_build_windows() {

@@ -1,15 +1,16 @@
 #!/usr/bin/env bash
 # Every test of the project in one command: installs what a fresh Debian
 # machine lacks, builds the portable behaviour and runs its unit tests (also
-# under the address and undefined-behaviour sanitizers),
-# cross-builds the Windows program and runs the end-to-end tests under Wine.
+# under the address and undefined-behaviour sanitizers), runs every fuzz
+# target for a few seconds (each counts as one test), cross-builds the Windows program and runs the end-to-end tests under Wine.
 # The last line is "N passed, M failed"; the exit code is 0 only when
 # nothing failed.
 #
 #   bash tools/run_tests.sh
 #
-# KW_NATIVE_BUILD, KW_SANITIZE_BUILD and KW_WINDOWS_BUILD name the build
-# folders (build-native, build-sanitize and build-windows by default).
+# KW_NATIVE_BUILD, KW_SANITIZE_BUILD, KW_FUZZ_BUILD and KW_WINDOWS_BUILD name
+# the build folders (build-native, build-sanitize, build-fuzz and
+# build-windows by default).
 set -uo pipefail
 cd "$(dirname "$0")/.."
 source tools/common.sh
@@ -64,6 +65,19 @@ if kw_build_sanitize; then
 else
   failed_step "sanitizer build"
 fi
+
+step "Fuzz targets, a few seconds each ($KW_FUZZ_BUILD)"
+fuzz_log=$(mktemp)
+bash tools/fuzz.sh -max_total_time=8 | tee "$fuzz_log"
+# "fuzz: 8 passed, 0 failed"
+fuzz_counts=$(grep -Eo '^fuzz: [0-9]+ passed, [0-9]+ failed' "$fuzz_log" | grep -Eo '[0-9]+')
+if [ -n "$fuzz_counts" ]; then
+  passed=$((passed + $(echo "$fuzz_counts" | sed -n 1p)))
+  failed=$((failed + $(echo "$fuzz_counts" | sed -n 2p)))
+else
+  failed_step "the fuzz run reported no results"
+fi
+rm -f "$fuzz_log"
 
 step "Windows build ($KW_WINDOWS_BUILD)"
 if kw_build_windows; then

@@ -1,7 +1,8 @@
 #include "fakes/ini_text_file.h"
 
+#include <algorithm>
 #include <optional>
-#include <sstream>
+#include <string_view>
 #include <vector>
 
 #include "core/basic_text.h"
@@ -11,41 +12,54 @@ namespace {
 // The read buffer is 255 characters including the terminating zero.
 constexpr std::size_t kReadBufferChars = 255;
 
-std::string TrimBlanks(const std::string& text) {
+std::string_view TrimBlanks(std::string_view text) {
     std::size_t first = text.find_first_not_of(" \t");
-    if (first == std::string::npos) return "";
+    if (first == std::string_view::npos) return {};
     std::size_t last = text.find_last_not_of(" \t");
     return text.substr(first, last - first + 1);
 }
 
+// The text as the profile calls take it: a UTF-8 byte-order mark is skipped
+// and a UTF-16 file (little-endian, with its mark) is read as text; this fake
+// keeps the ASCII characters of such a file and puts "?" for the others.
+std::string Decoded(std::string text) {
+    if (text.starts_with("\xEF\xBB\xBF")) return text.substr(3);
+    if (!text.starts_with("\xFF\xFE")) return text;
+    std::string narrow;
+    for (std::size_t i = 2; i + 1 < text.size(); i += 2) narrow += text[i + 1] == 0 ? text[i] : '?';
+    return narrow;
+}
+
 std::vector<std::string> Lines(const std::string& text) {
     std::vector<std::string> lines;
-    std::istringstream in(text);
-    for (std::string line; std::getline(in, line);) {
+    for (std::size_t start = 0; start < text.size();) {
+        std::size_t end = std::min(text.find('\n', start), text.size());
+        std::string line = text.substr(start, end - start);
         if (!line.empty() && line.back() == '\r') line.pop_back();
-        lines.push_back(line);
+        lines.push_back(std::move(line));
+        start = end + 1;
     }
     return lines;
 }
 
-std::optional<std::string> SectionName(const std::string& line) {
-    std::string trimmed = TrimBlanks(line);
+std::optional<std::string> SectionName(std::string_view line) {
+    std::string_view trimmed = TrimBlanks(line);
     if (trimmed.size() < 2 || trimmed.front() != '[') return std::nullopt;
     std::size_t close = trimmed.find(']');
-    if (close == std::string::npos) return std::nullopt;
-    return TrimBlanks(trimmed.substr(1, close - 1));
+    if (close == std::string_view::npos) return std::nullopt;
+    return std::string(TrimBlanks(trimmed.substr(1, close - 1)));
 }
 
 // The key of a "key=value" line, or nothing for comments and other lines.
-std::optional<std::string> KeyName(const std::string& line) {
-    std::string trimmed = TrimBlanks(line);
+std::optional<std::string> KeyName(std::string_view line) {
+    std::string_view trimmed = TrimBlanks(line);
     if (trimmed.empty() || trimmed.front() == ';') return std::nullopt;
     std::size_t equals = trimmed.find('=');
-    if (equals == std::string::npos) return std::nullopt;
-    return TrimBlanks(trimmed.substr(0, equals));
+    if (equals == std::string_view::npos) return std::nullopt;
+    return std::string(TrimBlanks(trimmed.substr(0, equals)));
 }
 
-std::string ValueOf(const std::string& line) { return TrimBlanks(line.substr(line.find('=') + 1)); }
+std::string ValueOf(std::string_view line) { return std::string(TrimBlanks(line.substr(line.find('=') + 1))); }
 
 bool SameName(const std::string& a, const std::string& b) { return Lower(a) == Lower(b); }
 
@@ -74,8 +88,17 @@ Location Find(const std::vector<std::string>& lines, const std::string& section,
 
 }  // namespace
 
+const std::vector<std::string>& IniTextFile::LinesOf(const std::string& file) {
+    std::string text = files_.ReadAll(file).value_or("");
+    if (text != parsedText_) {
+        parsedText_ = std::move(text);
+        parsedLines_ = Lines(Decoded(parsedText_));
+    }
+    return parsedLines_;
+}
+
 std::string IniTextFile::Read(const std::string& section, const std::string& key, const std::string& file) {
-    std::vector<std::string> lines = Lines(files_.ReadAll(file).value_or(""));
+    const std::vector<std::string>& lines = LinesOf(file);
     Location at = Find(lines, section, key);
     if (at.keyLine < 0) return "";
     return ValueOf(lines[at.keyLine]).substr(0, kReadBufferChars - 1);
@@ -83,7 +106,7 @@ std::string IniTextFile::Read(const std::string& section, const std::string& key
 
 int IniTextFile::Write(const std::string& section, const std::string& key, const std::string& value,
                        const std::string& file) {
-    std::vector<std::string> lines = Lines(files_.ReadAll(file).value_or(""));
+    std::vector<std::string> lines = LinesOf(file);
     Location at = Find(lines, section, key);
     std::string entry = key + "=" + value;
     if (at.keyLine >= 0) {

@@ -2,6 +2,9 @@
 // The private-profile format implemented over Files, with the observable
 // semantics of GetPrivateProfileStringA / WritePrivateProfileStringA that the
 // program meets (it writes no quoted values), for builds other than Windows.
+#include <string>
+#include <vector>
+
 #include "platform/files.h"
 #include "platform/settings_file.h"
 
@@ -13,5 +16,10 @@ public:
               const std::string& file) override;
 
 private:
+    // The file's lines, parsed again only when its text has changed.
+    const std::vector<std::string>& LinesOf(const std::string& file);
+
     Files& files_;
+    std::string parsedText_;
+    std::vector<std::string> parsedLines_;
 };

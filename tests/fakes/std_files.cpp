@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <fnmatch.h>
 #include <fstream>
-#include <iterator>
+#include <sstream>
 #include <system_error>
 
 namespace fs = std::filesystem;
@@ -28,7 +28,9 @@ std::optional<std::int64_t> StdFiles::Length(const std::string& path) {
 std::optional<std::string> StdFiles::ReadAll(const std::string& path) {
     std::ifstream in(Native(path), std::ios::binary);
     if (!in) return std::nullopt;
-    return std::string(std::istreambuf_iterator<char>(in), {});
+    std::ostringstream data;
+    data << in.rdbuf();
+    return std::move(data).str();
 }
 
 bool StdFiles::WriteAtomically(const std::string& path, const std::string& data) {

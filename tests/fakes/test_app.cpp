@@ -12,13 +12,22 @@ std::filesystem::path FreshFolder() {
 }
 }  // namespace
 
+namespace {
+constexpr const char* kMemoryFolder = "C:\\Klickwerk";
+}  // namespace
+
 TestApp::TestApp() : folder(FreshFolder()) {
     osInfo.folder = folder.string();
     Place(app);
 }
 
+TestApp::TestApp(MemoryFiles& memory) : fileSeam(memory) {
+    osInfo.folder = kMemoryFolder;
+    Place(app);
+}
+
 void TestApp::Place(App& target) const {
-    target.programFolder = folder.string();
+    target.programFolder = osInfo.folder;
     target.appTitle = "Klickwerk v1.0";
     target.settingsPath = target.programFolder + "\\Settings.ini";
     target.scriptStorePath = target.programFolder + "\\Data.dat";
@@ -27,6 +36,7 @@ void TestApp::Place(App& target) const {
 }
 
 TestApp::~TestApp() {
+    if (folder.empty()) return;
     std::error_code ignored;
     std::filesystem::permissions(folder, std::filesystem::perms::owner_all, ignored);
     std::filesystem::remove_all(folder, ignored);

@@ -8,6 +8,7 @@
 #include "fakes/fake_platform.h"
 #include "fakes/fake_views.h"
 #include "fakes/ini_text_file.h"
+#include "fakes/memory_files.h"
 #include "fakes/std_files.h"
 #include "script/step_grid.h"
 
@@ -17,6 +18,9 @@ void AppendStep(StepGrid& grid, const std::array<std::string, kColumnCount>& cel
 class TestApp {
 public:
     TestApp();
+    // The same over files held in `memory`, in a program folder that exists
+    // only there: for the fuzz targets, which must not wait for the disk.
+    explicit TestApp(MemoryFiles& memory);
     ~TestApp();
     TestApp(const TestApp&) = delete;
     TestApp& operator=(const TestApp&) = delete;
@@ -36,9 +40,10 @@ public:
     // 1125, 700, 700 and 800 twips ("Additional" spans 3500 to 4625).
     void AddColumns();
 
-    std::filesystem::path folder;
+    std::filesystem::path folder;  // empty over files in memory
     StdFiles files;
-    IniTextFile ini{files};
+    Files& fileSeam = files;
+    IniTextFile ini{fileSeam};
     FakeRegistry registry;
     FakeShell shell;
     FakeInput input;
@@ -58,7 +63,7 @@ public:
     FakeStepCountView stepCount;
     FakeUpdatesView updates;
     FakeSettingsPanelView settingsPanel;
-    Platform platform{files, ini, registry, shell, input, windows, clock, osInfo, hooks, internet};
+    Platform platform{fileSeam, ini, registry, shell, input, windows, clock, osInfo, hooks, internet};
     Views views{grid, main, boxes, dialogs, about, textInput, cells, hint, stepCount, updates, settingsPanel};
     App app{platform, views};
 };
