@@ -31,6 +31,10 @@ bool MemoryFiles::Copy(const std::string& from, const std::string& to) {
 
 bool MemoryFiles::Remove(const std::string& path) { return contents.erase(Lower(path)) > 0; }
 
+void MemoryFiles::RemoveLeftovers(const std::string& folder) {
+    for (const std::string& name : List(folder + "\\*.tmp")) Remove(folder + "\\" + name);
+}
+
 std::vector<std::string> MemoryFiles::List(const std::string& pattern) {
     std::string lowered = Lower(pattern);
     std::size_t star = lowered.rfind("\\*");

@@ -14,6 +14,7 @@ public:
     bool Append(const std::string& path, const std::string& data) override;
     bool Copy(const std::string& from, const std::string& to) override;
     bool Remove(const std::string& path) override;
+    void RemoveLeftovers(const std::string& folder) override;
     // Only patterns of the form folder + "\*.ext".
     std::vector<std::string> List(const std::string& pattern) override;
 
