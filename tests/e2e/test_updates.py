@@ -95,7 +95,9 @@ class UpdatesTest(WineTestCase):
                                        "-p", str(port), "-w", "-d", str(root), "-u", "kw", "-P", "secret"],
                                       stdout=log, stderr=subprocess.STDOUT, stdin=subprocess.DEVNULL)
         self.addCleanup(server.wait)
-        self.addCleanup(server.kill)
+        # SIGTERM, which timeout passes on to the server; a SIGKILL would end
+        # timeout alone and leave the server running.
+        self.addCleanup(server.terminate)
 
         def listening():
             with socket.socket() as client:
