@@ -78,8 +78,8 @@ public:
             return false;
         dpi_ = WindowDpi(hwnd_);
         font_.Reset(CreateMessageFont(dpi_));
-        for (const BoxSpec& spec : kBoxes) AddBox(spec);
-        for (const ButtonSpec& spec : kButtons) AddButton(spec);
+        for (const BoxSpec& entry : kBoxes) AddBox(entry);
+        for (const ButtonSpec& entry : kButtons) AddButton(entry);
         Layout();
         focus_ = boxes_.front()->Handle();
         ShowWindow(hwnd_, SW_SHOW);
@@ -107,26 +107,26 @@ public:
 private:
     int Px(double twips) const { return TwipsToPixels(twips, dpi_); }
 
-    void AddBox(const BoxSpec& spec) {
+    void AddBox(const BoxSpec& entry) {
         auto box = std::make_unique<CheckBoxWin>();
-        box->Create(hwnd_, spec.id, spec.caption);
-        box->SetValue(spec.value);
-        EnableWindow(box->Handle(), spec.enabled);
+        box->Create(hwnd_, entry.id, entry.caption);
+        box->SetValue(entry.value);
+        EnableWindow(box->Handle(), entry.enabled);
         CheckBoxWin& shown = *box;
-        box->Events().mouseDown = [id = spec.id](const MouseEvent& mouse) {
+        box->Events().mouseDown = [id = entry.id](const MouseEvent& mouse) {
             LogLine("mousedown " + std::to_string(id) + " " + ButtonName(mouse.button) + " " +
                     std::to_string(mouse.shift) + " " + std::to_string(mouse.x) + " " + std::to_string(mouse.y));
         };
-        box->Events().click = [id = spec.id, &shown] {
+        box->Events().click = [id = entry.id, &shown] {
             LogLine("click " + std::to_string(id) + " " + std::to_string(shown.Value()));
         };
         boxes_.push_back(std::move(box));
     }
 
-    void AddButton(const ButtonSpec& spec) {
+    void AddButton(const ButtonSpec& entry) {
         auto button = std::make_unique<XpButtonWin>();
-        button->Create(hwnd_, spec.id, spec.caption);
-        EnableWindow(button->Handle(), spec.enabled);
+        button->Create(hwnd_, entry.id, entry.caption);
+        EnableWindow(button->Handle(), entry.enabled);
         buttons_.push_back(std::move(button));
     }
 
