@@ -23,7 +23,7 @@ set_tests_properties(layer_check_rejects_an_upward_include PROPERTIES
 
 find_package(benchmark QUIET)
 if(benchmark_FOUND)
-  file(GLOB KW_BENCHES CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/tests/bench/*.cpp)
+  file(GLOB KW_BENCHES CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/bench/*.cpp)
   foreach(bench ${KW_BENCHES})
     get_filename_component(name ${bench} NAME_WE)
     add_executable(${name} ${bench} ${KW_FAKES})

@@ -39,9 +39,11 @@ target_compile_options(Klickwerk PRIVATE $<$<COMPILE_LANGUAGE:CXX>:${KW_WARNINGS
 target_link_libraries(Klickwerk PRIVATE kw_app)
 target_link_options(Klickwerk PRIVATE ${KW_STATIC_RUNTIME})
 
-# End-to-end fixtures: the probe that logs the input it receives, and the
-# test driver that reads the program's controls from outside.
+# End-to-end fixtures (the probe that logs the input it receives, the test
+# driver that reads the program's controls from outside) and the programs
+# that the performance report measures.
 include(${CMAKE_SOURCE_DIR}/cmake/hook_library.cmake)
 include(${CMAKE_SOURCE_DIR}/tests/e2e/fixtures.cmake OPTIONAL)
+include(${CMAKE_SOURCE_DIR}/bench/wine/wine_benchmarks.cmake OPTIONAL)
 include(${CMAKE_SOURCE_DIR}/cmake/help.cmake)
 include(${CMAKE_SOURCE_DIR}/cmake/package.cmake)

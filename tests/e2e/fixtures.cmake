@@ -1,15 +1,13 @@
 # End-to-end fixtures, built with the Windows program: probe.exe logs the
 # input and window events it receives; kwdriver.exe reads and operates other
-# programs' controls from outside; reference.exe is the bare window program
-# that the benchmarks measure beside Klickwerk. All land beside Klickwerk.exe.
+# programs' controls from outside. All land beside Klickwerk.exe.
 add_executable(probe WIN32 ${CMAKE_CURRENT_LIST_DIR}/probe/probe_win.cpp)
-add_executable(reference WIN32 ${CMAKE_CURRENT_LIST_DIR}/bench/reference_win.cpp)
 
 file(GLOB KW_DRIVER_SOURCES CONFIGURE_DEPENDS ${CMAKE_CURRENT_LIST_DIR}/driver/*_win.cpp)
 add_executable(kwdriver ${KW_DRIVER_SOURCES})
 target_link_libraries(kwdriver PRIVATE comctl32 winmm psapi)
 
-foreach(fixture probe reference kwdriver)
+foreach(fixture probe kwdriver)
   target_compile_options(${fixture} PRIVATE ${KW_WARNINGS})
   target_link_options(${fixture} PRIVATE ${KW_STATIC_RUNTIME})
   set_target_properties(${fixture} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
@@ -29,13 +27,6 @@ if(KW_PYTHON3)
   endforeach()
 endif()
 
-# Benchmark of the responsive wait, built on the program's own clock.
-add_executable(wait_bench ${CMAKE_CURRENT_LIST_DIR}/bench/wait_bench_win.cpp)
-target_compile_options(wait_bench PRIVATE ${KW_WARNINGS})
-target_link_libraries(wait_bench PRIVATE kw_platform)
-target_link_options(wait_bench PRIVATE ${KW_STATIC_RUNTIME})
-set_target_properties(wait_bench PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
-
 # A program of the program's own code and resources (its manifest: common
 # controls 6 and per-monitor DPI awareness), beside Klickwerk.exe.
 function(kw_program_fixture name source library)
@@ -46,10 +37,6 @@ function(kw_program_fixture name source library)
   target_link_options(${name} PRIVATE ${KW_STATIC_RUNTIME})
   set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
 endfunction()
-
-# Benchmark of the step grid: a long script read into the shown main window
-# and saved again.
-kw_program_fixture(grid_bench ${CMAKE_CURRENT_LIST_DIR}/bench/grid_bench_win.cpp kw_app)
 
 # The custom controls in a window of their own, as a host shows them.
 kw_program_fixture(controls_fixture ${CMAKE_CURRENT_LIST_DIR}/controls_fixture/controls_fixture_win.cpp kw_controls)

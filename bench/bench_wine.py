@@ -1,7 +1,7 @@
 """Figures of the program under Wine, measured on its real code beside a
 reference measured in the same run, and printed; benchmarks, not tests:
 
-    python3 tests/e2e/bench_wine.py [--build <Windows build dir>] [figure ...]
+    python3 bench/bench_wine.py [--build <Windows build dir>] [figure ...]
 
 typing     characters per second of a 1,000-character text arriving at a probe
            (reference: xdotool typing the same text)
@@ -37,7 +37,8 @@ import time
 from pathlib import Path
 from typing import NamedTuple
 
-from run_e2e import run_case_methods
+sys.path.insert(0, str(Path(__file__).resolve().parent.parent / "tests" / "e2e"))
+from run_e2e import run_case_methods  # noqa: E402 (the harness is found through the path above)
 
 FIGURES = ("typing", "waits", "stop", "cpu", "grid", "startup", "size", "recording", "recdelay")
 PROBE = "Probe Bench"
