@@ -27,8 +27,9 @@ int FakeInput::GetSystemMetrics(int index) {
 void FakeInput::MouseEvent(std::uint32_t flags, int dx, int dy) {
     // An absolute move places the pointer on the 0..65535 scale, kept on screen.
     if ((flags & kAbsoluteMoveFlags) == kAbsoluteMoveFlags) {
-        cursor.x = std::clamp(static_cast<int>(std::lround(dx * screenWidth / 65535.0)), 0, screenWidth - 1);
-        cursor.y = std::clamp(static_cast<int>(std::lround(dy * screenHeight / 65535.0)), 0, screenHeight - 1);
+        // In doubles: a step far off screen gives a coordinate far outside the scale.
+        cursor.x = static_cast<int>(std::clamp(std::lround(dx / 65535.0 * screenWidth), 0L, screenWidth - 1L));
+        cursor.y = static_cast<int>(std::clamp(std::lround(dy / 65535.0 * screenHeight), 0L, screenHeight - 1L));
     }
     Record({InputEvent::Mouse, flags, 0, dx, dy});
 }
