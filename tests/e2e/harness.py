@@ -332,11 +332,6 @@ class WineOperations:
         self.answer("OK")
         self.wait_for_record_caption("RECORD")
 
-    def open_record_mode_menu(self):
-        self.focus(APP_TITLE)
-        self.click_at(self.control("Button", "Record options")["rect"])
-        wait_until(self.menu_open, 20, "the record-mode menu")
-
     def wait_for_record_caption(self, caption):
         wait_until(lambda: any(control["text"] == caption for control in self.controls()), 20,
                    f"the record button to read {caption}")
