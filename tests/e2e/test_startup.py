@@ -1,10 +1,10 @@
 """Start-up and close of the real program as the user meets them: the first
 run's offer, a script named on the command line with and without switches,
-a missing script, a declined second instance, the error-log notice on
-closing and logging off."""
+a declined second instance, the error-log notice on closing and logging
+off."""
 import re
 
-from harness import APP_TITLE, SETTLED, WineTestCase, file_bytes, script_bytes, script_lines, step
+from harness import APP_TITLE, WineTestCase, file_bytes, script_bytes, script_lines, step
 from wine_session import WINE, wait_until
 
 PROBE = "Probe Start"
@@ -67,17 +67,6 @@ class StartupTest(WineTestCase):
         self.hold_key("Escape", lambda: not self.running(), "the stop key to end the run")
         self.close_klickwerk()
         self.assertEqual("1", self.setting("GRepeat"))
-
-    def test_missing_script_is_reported_with_the_path_as_typed_and_the_grid_stays_empty(self):
-        self.make_program_folder(SETTLED)
-        self.klickwerk = self.start_klickwerk(r"Scripts\absent.kwf", "/nostart", "/norep")
-        box = self.wait_for_msgbox(r"Failed to load Scripts\absent.kwf script file.  Script does not exist/corrupted.")
-        self.assertEqual(SPLASH, box["owner"])
-        self.answer("OK")
-        self.wait_for_main_window()
-        self.assertEqual([], self.grid())
-        self.close_klickwerk()
-        self.assertEqual(b"", file_bytes(self.folder / "Data.dat"))
 
     def test_second_instance_answered_no_ends_before_any_window(self):
         self.open_program()
