@@ -43,6 +43,11 @@ def win_path(path):
     return "Z:" + str(path).replace("/", "\\")
 
 
+def centre(rect):
+    left, top, right, bottom = rect
+    return (left + right) // 2, (top + bottom) // 2
+
+
 def file_bytes(path):
     """The file's contents; b"" when it does not exist."""
     return Path(path).read_bytes() if Path(path).exists() else b""
@@ -264,6 +269,14 @@ class WineOperations:
         """Status-bar panels 1 to 6 as a list indexed from 0."""
         return self.driver("status", self.main["target"])["panels"]
 
+    def click_status_panel(self, index):
+        """Clicks the status-bar panel (from 0) as the user does."""
+        self.focus(APP_TITLE)
+        self.click_at(self.driver("status", self.main["target"])["rects"][index])
+
+    def window_rect(self, target=None):
+        return self.driver("window", target or self.main["target"])["rect"]
+
     def toolbar(self):
         """The toolbar's buttons in order: "text", "enabled"."""
         return self.driver("toolbar", self.main["target"])
@@ -385,6 +398,15 @@ class WineOperations:
 
     # X input and screenshots ------------------------------------------------------
 
+    def menu_open(self):
+        """Whether a pop-up menu is shown."""
+        return any(window["class"] == "#32768" and window["visible"] for window in self.driver("windows"))
+
+    def tool_tips(self):
+        """The texts of the tool tips shown."""
+        return [window["text"] for window in self.driver("windows")
+                if window["class"] == "tooltips_class32" and window["visible"]]
+
     def xdotool(self, *args, timeout=20):
         return subprocess.run(["xdotool", *args], env=self.prefix.env, capture_output=True, text=True,
                               timeout=timeout * TIMEOUT_SCALE, check=True).stdout
@@ -404,6 +426,11 @@ class WineOperations:
         self.xdotool("mousemove", str(x), str(y))
         wait_until(lambda: self.xdotool("getmouselocation").startswith(f"x:{x} y:{y} "), 20, f"the pointer at {x},{y}")
 
+    def click_at(self, rect, button="1"):
+        """Clicks the middle of the rectangle once the pointer is there."""
+        self.move_pointer(*centre(rect))
+        self.xdotool("click", button)
+
     def hold_key(self, key, until, what, timeout=20):
         """Holds an X key down until `until()` is true: a polled stop or hot
         key is seen however long the program takes to look."""
@@ -418,6 +445,12 @@ class WineOperations:
         subprocess.run(["import", "-display", self.display, "-window", "root", str(path)], env=self.prefix.env,
                        timeout=60 * TIMEOUT_SCALE, check=True, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         return path
+
+    def crop(self, shot, rect, name):
+        """A rectangle (left, top, right, bottom) of a screenshot as its own picture."""
+        left, top, right, bottom = rect
+        subprocess.run(["convert", str(shot), "-crop", f"{right - left}x{bottom - top}+{left}+{top}", "+repage",
+                        str(self.out / f"{name}.png")], check=True, timeout=60 * TIMEOUT_SCALE)
 
     def settled_screenshot(self, name, timeout=10):
         """A screenshot once the screen has stopped changing, so that no window

@@ -5,7 +5,7 @@ program starts, shows what it should, logs what it should and is ready within
 each test prints the time it took."""
 import time
 
-from harness import APP_TITLE, SETTLED, WineTestCase, file_bytes, script_bytes, script_lines, step, win_path
+from harness import APP_TITLE, SETTLED, WineTestCase, file_bytes, script_bytes, script_lines, step
 from wine_session import TIMEOUT_SCALE, wait_until
 
 BUDGET = 5  # wait_until stretches it itself
@@ -38,34 +38,29 @@ class BadFilesTest(WineTestCase):
         print(f"bad file end to end: {what:<40} {seconds:6.2f} s (at most {MOST_SECONDS:g} s)")
         self.assertLess(seconds, MOST_SECONDS, what)
 
-    def test_100_mb_binary_working_copy_leaves_the_grid_empty_and_is_logged(self):
-        working_copy = binary(100 << 20)
-        self.make_program_folder(SETTLED, {"Data.dat": working_copy})
-        started = self.start_timed()
-        wait_until(self.error_log, BUDGET, "the reader's line in the error log")
-        self.report("100 MB binary Data.dat", started)
-        self.screenshot("binary-working-copy")
-        self.assertEqual(NOT_A_SCRIPT, self.error_log())
-        self.assertEqual(([], "0"), (self.grid(), self.panels()[5]))
-
-        self.driver("close", self.main["target"])
-        self.wait_for_msgbox(f"{APP_TITLE} logged some minor errors during this run.  "
-                             "Please send Error.log to support@klickwerk.example.  Thank you.")
-        self.answer("OK")
-        self.wait_for_exit(self.klickwerk)
-        self.assertTrue(file_bytes(self.folder / "Data.dat") == working_copy, "an empty grid is never written")
-
-    def test_utf16_script_on_the_command_line_reads_no_steps_and_is_logged(self):
+    def test_a_binary_working_copy_and_a_utf16_script_read_no_steps_and_are_logged(self):
         text = "".join(line + "\r\n" for line in script_lines([step(keys="Hello"), step(x=10, y=20)]))
-        self.make_program_folder(SETTLED, {"Scripts/unicode.kwf": utf16(text)})
-        started = self.start_timed(win_path(self.folder / "Scripts" / "unicode.kwf"))
-        wait_until(self.error_log, BUDGET, "the reader's line in the error log")
-        self.report("UTF-16 script on the command line", started)
-        self.screenshot("utf16-script")
-        self.assertEqual(NOT_A_SCRIPT, self.error_log())
-        # The file exists, so there is no "Failed to load" box; with no steps nothing plays.
-        self.assertEqual(([], False), (self.grid(), self.running()))
-        self.assertIsNone(self.driver("msgbox", allow_missing=True))
+        # The files, and the command line: the UTF-16 script exists, so there is no "Failed to load" box.
+        cases = {"100 MB binary Data.dat": ({"Data.dat": binary(100 << 20)}, []),
+                 "UTF-16 script on the command line": ({"Scripts/unicode.kwf": utf16(text)}, [r"Scripts\unicode.kwf"])}
+        for what, (files, args) in cases.items():
+            with self.subTest(what):
+                self.make_program_folder(SETTLED, files)
+                started = self.start_timed(*args)
+                wait_until(self.error_log, BUDGET, "the reader's line in the error log")
+                self.report(what, started)
+                self.screenshot(what.replace(" ", "-"))
+                self.assertEqual(NOT_A_SCRIPT, self.error_log())
+                self.assertEqual(([], "0", False), (self.grid(), self.panels()[5], self.running()))
+                self.assertIsNone(self.driver("msgbox", allow_missing=True))
+
+                self.driver("close", self.main["target"])
+                self.wait_for_msgbox(f"{APP_TITLE} logged some minor errors during this run.  "
+                                     "Please send Error.log to support@klickwerk.example.  Thank you.")
+                self.answer("OK")
+                self.wait_for_exit(self.klickwerk)
+                self.assertTrue(file_bytes(self.folder / "Data.dat") == files.get("Data.dat", b""),
+                                "an empty grid is never written")
 
     def test_settings_saved_as_unicode_are_read_as_text(self):
         settings = "".join(f"{key}={value}\r\n" for key, value in (SETTLED | {"StopKey": 119, "StepCounter": 42}).items())

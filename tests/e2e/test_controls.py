@@ -6,11 +6,9 @@ the right one and by a disabled box, and toggled by Space; the drawn push
 button's five looks and its clicks from the mouse, Space and Enter; Tab
 through both."""
 import subprocess
-import tempfile
-from pathlib import Path
 
-from harness import WineTestCase, win_path
-from wine_session import BUILD_DIR, TIMEOUT_SCALE, WinePrefix, wait_until
+from harness import WineTestCase, centre, win_path
+from wine_session import BUILD_DIR, TIMEOUT_SCALE, wait_until
 
 TITLE = "Klickwerk Controls"
 BOX_IDS = {"Enabled 0": 101, "Enabled 1": 102, "Enabled 2": 103, "Disabled 0": 104, "Disabled 1": 105,
@@ -20,11 +18,6 @@ BS_3STATE, BS_PUSHBUTTON = 5, 0
 # A click clears a checked and a greyed box and checks an empty one.
 CLICKED = {0: 1, 1: 0, 2: 0}
 AWAY = (1, 1)  # the pointer over no window
-
-
-def centre(rect):
-    left, top, right, bottom = rect
-    return (left + right) // 2, (top + bottom) // 2
 
 
 def glyph_rect(box, dpi):
@@ -87,23 +80,6 @@ class ControlsTest(WineTestCase):
             return second if first == second and accept(second) else None
         return wait_until(steady, 10, what)
 
-    def save_sheet(self, name, rows):
-        """A sheet of looks (rows of pixel pictures), each magnified four times
-        without smoothing, so single pixels show."""
-        sheet = self.out / f"{name}.png"
-        with tempfile.TemporaryDirectory() as folder:
-            def magnified(picture, place):
-                path = Path(folder) / f"{place}.rgb"
-                path.write_bytes(bytes(channel for row in picture for pixel in row for channel in pixel))
-                return ["(", "-size", f"{len(picture[0])}x{len(picture)}", "-depth", "8", f"rgb:{path}",
-                        "-scale", "400%", "-bordercolor", "white", "-border", "8", ")"]
-            words = []
-            for number, pictures in enumerate(rows):
-                words += ["(", *[word for index, picture in enumerate(pictures)
-                                 for word in magnified(picture, f"{number}-{index}")], "+append", ")"]
-            subprocess.run(["convert", *words, "-append", str(sheet)], check=True, timeout=60 * TIMEOUT_SCALE)
-        return sheet
-
     # The check box ----------------------------------------------------------------------
 
     def assert_check_box_looks(self, dpi):
@@ -152,7 +128,7 @@ class ControlsTest(WineTestCase):
         """A disabled box ignores a click; a right press with Shift raises
         MouseDown and changes nothing."""
         boxes = self.controls()
-        self.xdotool("mousemove", *map(str, centre(glyph_rect(boxes["Disabled 1"], dpi))), "click", "1")
+        self.click_at(glyph_rect(boxes["Disabled 1"], dpi))
         rect = glyph_rect(boxes["Enabled 1"], dpi)
         x, y = centre(rect)
         self.move_pointer(x, y)
@@ -189,28 +165,23 @@ class ControlsTest(WineTestCase):
         self.wait_for_look(ok, lambda seen: seen != ok_hot, "OK pushed")
         self.move_pointer(*AWAY)
         self.xdotool("mouseup", "1")
-        self.xdotool("mousemove", *map(str, centre(cancel)), "click", "1")
+        self.click_at(cancel)
         self.expect_events("command 202")  # and none of OK before it
         self.move_pointer(*AWAY)
         self.assertEqual(5, len({normal, hot, pushed, focused, disabled}), "five different looks")
-        return [[normal, hot, pushed, focused, disabled]]
 
     def assert_looks(self, dpi):
         self.open_fixture()
         self.settled_screenshot(f"controls-{dpi}dpi")
-        looks = self.assert_check_box_looks(dpi)
-        self.assert_crisp(looks, dpi)
-        self.save_sheet(f"check-looks-{dpi}dpi", looks)
+        self.assert_crisp(self.assert_check_box_looks(dpi), dpi)
         self.assert_ignored_presses(dpi)
-        self.save_sheet(f"button-looks-{dpi}dpi", self.assert_button_looks())
+        self.assert_button_looks()
 
     def test_the_controls_look_and_work_at_96_dots_per_inch(self):
         self.assert_looks(96)
 
     def test_the_controls_look_and_work_at_144_dots_per_inch(self):
-        # A prefix of its own with that setting, so the other tests keep their 96.
-        self.prefix = WinePrefix(self.display, "wineprefix-144dpi",
-                                 (WinePrefix.UNMANAGED_WINDOWS, WinePrefix.DPI_144)).ensure()
+        self.use_144_dpi()
         self.assert_looks(144)
 
     def test_tab_space_and_enter_work_both_controls(self):

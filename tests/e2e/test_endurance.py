@@ -112,9 +112,8 @@ class EnduranceTest(WineTestCase):
     def edit_first_x(self, cell, value):
         """Types the value into the first step's X cell and presses Return,
         which saves the working copy."""
-        left, top, right, bottom = cell
         self.focus(APP_TITLE)
-        self.xdotool("mousemove", str((left + right) // 2), str((top + bottom) // 2), "click", "1")
+        self.click_at(cell)
         wait_until(lambda: any(control["class"] == "Edit" and control["visible"] for control in self.controls()), 20,
                    "the cell editor")
         self.xdotool("key", "ctrl+a", "BackSpace", *str(value), "Return")

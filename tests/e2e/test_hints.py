@@ -49,8 +49,7 @@ class HintsTest(WineTestCase):
         help_button = next(button for button in self.toolbar() if button["text"] == "Help")
         left, top, right, bottom = help_button["rect"]
         self.xdotool("mousemove", str(right - 5), str((top + bottom) // 2), "click", "1")
-        wait_until(lambda: any(w["class"] == "#32768" and w["visible"] for w in self.driver("windows")), 20,
-                   "the help menu")
+        wait_until(self.menu_open, 20, "the help menu")
         self.xdotool("key", "Down", "Return")
         self.assertTrue(wait_until(self.hint_panel, 20, "the hint panel again")[0].startswith("Hint: "))
         self.assert_no_errors_logged()

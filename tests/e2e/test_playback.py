@@ -158,8 +158,6 @@ SCENARIOS = {
         lambda at: {"end": target(at), "outside the span": [],
                     "glided through at least three points": True, "along the target's row at the end": True},
         {"SmoothPointer": 1}),
-    "repeat 2 plays a step three times": Scenario(
-        lambda at: [step(keys="r", repeat=2), step(keys="s")], lambda probe, at: probe.text(), lambda at: "rrrs"),
     "window commands size, move and close the titled window, then the active one": Scenario(
         lambda at: [step(keys=f"%winmin {PROBE}"), step(keys=f"%winrest {PROBE}"), step(keys=f"%winmax {PROBE}"),
                     step(keys=f"%winrest {PROBE}"),
@@ -235,50 +233,10 @@ class PlaybackTest(WineTestCase):
         self.assert_becomes([], lambda: self.driver("keysdown"))
         self.assert_no_errors_logged()
 
-    def test_the_stop_key_ends_a_repeated_run_whose_rnd_has_a_wrong_field_count(self):
-        probe, _ = self.open_probe(PROBE)
-        # No countdown in the status line, where the RND message goes.
-        self.open_program(script_lines([step(keys="q", secs=0.3, repeat="rnd(1,2)")]), ShowCount=0)
-        self.give_focus(PROBE)
-        self.press("Repeat")
-
-        self.start_run()
-        wait_until(lambda: self.panels()[0], 20, "the RND message in the status line",
-                   accept=lambda text: text == "Incorrect RND syntax in step #1 [rnd(1,2)].  Zeros assigned.")
-        wait_until(lambda: probe.text().count("q") >= 3, 30, "three passes")
-        self.hold_key("Escape", lambda: not self.running(), "the stop key to end the run")
-        # A repeat count of 0: each pass plays the step once. Typing goes on
-        # after its short wait even when the stop came in it.
-        self.assertEqual(int(self.panels()[4]), probe.text().count("q"))
-        self.assertTrue(all(self.enabled().values()), "the window unlocked")
-        self.close_klickwerk()
-        self.assertEqual("1", self.setting("GRepeat"), "the repeat toggle as the user left it")
-        self.assert_no_errors_logged()
-
-    def test_the_stop_key_ends_a_step_repeated_without_any_wait(self):
+    def test_the_stop_key_panel_changes_the_key_that_then_ends_a_step_repeated_without_any_wait(self):
         probe, at = self.open_probe(PROBE)
         self.open_program(script_lines([step(*rest(at), "Left Click", repeat=1000000)]))
-        self.start_run()
-        wait_until(lambda: len(probe.clicks()) >= 20, 30, "the repetitions under way")
-        self.hold_key("Escape", lambda: not self.running(), "the stop key to end the run")
-        self.assertLess(len(probe.clicks()), 100000)
-        self.assert_no_errors_logged()
-
-    def test_a_smooth_move_beyond_the_screen_edge_ends_where_the_pointer_stops(self):
-        # An odd distance on the free axis once made the pointer swing about its target forever.
-        self.open_program(script_lines([step(1, 3000), step(keys="")]), SmoothPointer=1)
-        self.move_pointer(640, 500)
-        self.press("Start")
-        self.wait_for_steps(2)
-        self.assertTrue(self.xdotool("getmouselocation").startswith("x:1 y:1023 "))
-        self.assert_no_errors_logged()
-
-    def test_the_stop_key_panel_changes_the_key_that_then_ends_a_run(self):
-        self.open_program(script_lines([step(secs=600)]))
-        self.focus(APP_TITLE)
-        left, top, right, bottom = self.driver("status", self.main["target"])["rects"][3]
-        self.move_pointer((left + right) // 2, (top + bottom) // 2)
-        self.xdotool("click", "1")
+        self.click_status_panel(3)
         wait_until(lambda: self.control("KlickwerkStopKeyFrame")["visible"], 20, "the stop-key panel")
 
         self.xdotool("key", "Down", "Down", "Down", "Down", "Down", "Return")  # from ESCAPE down to F5
@@ -287,27 +245,16 @@ class PlaybackTest(WineTestCase):
                    accept=lambda seen: seen == (["StopKey successfully changed to F5", "F5"], False))
         self.assertEqual("116", self.setting("StopKey"))
         self.start_run()
+        wait_until(lambda: len(probe.clicks()) >= 20, 30, "the repetitions under way")
         self.hold_key("F5", lambda: not self.running(), "F5 to end the run")
+        self.assertLess(len(probe.clicks()), 100000)
         self.assert_no_errors_logged()
 
-    def test_f10_pauses_the_run_until_the_box_is_answered(self):
+    def test_f12_copies_the_pointer_position_into_the_selected_rows_and_f10_pauses_their_run(self):
         wait = 3
         self.open_probe(PROBE)
-        self.open_program(script_lines([step(secs=wait), step()]))
-        # F10 reaches Wine through the X focus; the probe takes the key itself.
-        self.focus(PROBE)
-
-        self.press("Start")
-        wait_until(lambda: self.panels()[4] == "1" and self.running(), 20, "the first step's wait")
-        box = self.hold_key("F10", lambda: self.driver("msgbox", allow_missing=True), "the pause box")
-        self.assertEqual(("PAUSED", "Paused. Press OK to resume.", ["OK"]), (box["title"], box["text"], box["buttons"]))
-        # Longer than the whole of the step's wait: the run stays where it was.
-        self.assert_holds(lambda: (self.panels()[4], self.running()) == ("1", True), wait + 0.5, "the run paused")
-        self.answer("OK")
-        self.wait_for_steps(2)
-
-    def test_f12_copies_the_pointer_position_into_the_selected_rows(self):
-        self.open_program(script_lines([step(row, row, checked=False) for row in (1, 2, 3)]))
+        self.open_program(script_lines([step(row, row, secs=wait if row == 1 else 0, checked=False)
+                                        for row in (1, 2, 3)]))
         self.driver("select", self.main["target"], "1", "3")
         self.focus(APP_TITLE)
         self.move_pointer(700, 900)
@@ -318,3 +265,14 @@ class PlaybackTest(WineTestCase):
             return [(row["cells"][1], row["cells"][2], row["checked"]) for row in self.grid()] == [
                 ("700", "900", True), ("2", "2", False), ("700", "900", True)]
         self.hold_key("F12", copied, "the pointer position in rows 1 and 3")
+
+        # F10 reaches Wine through the X focus; the probe takes the key itself.
+        self.focus(PROBE)
+        self.press("Start")
+        wait_until(lambda: self.panels()[4] == "1" and self.running(), 20, "the first step's wait")
+        box = self.hold_key("F10", lambda: self.driver("msgbox", allow_missing=True), "the pause box")
+        self.assertEqual(("PAUSED", "Paused. Press OK to resume.", ["OK"]), (box["title"], box["text"], box["buttons"]))
+        # Longer than the whole of the step's wait: the run stays where it was.
+        self.assert_holds(lambda: (self.panels()[4], self.running()) == ("1", True), wait + 0.5, "the run paused")
+        self.answer("OK")
+        self.wait_for_steps(2)

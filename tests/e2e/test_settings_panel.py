@@ -10,7 +10,7 @@ import json
 import subprocess
 import time
 
-from harness import APP_TITLE, SETTLED, WineTestCase, script_bytes, script_lines, step, win_path
+from harness import APP_TITLE, SETTLED, WineTestCase, centre, script_bytes, script_lines, step, win_path
 from wine_session import BUILD_DIR, POLL_SECONDS, TIMEOUT_SCALE, WINE, wait_until
 
 PANEL = "Settings"
@@ -52,11 +52,6 @@ COUNTDOWN = "Remaining until next step: "
 WAIT = 3  # seconds of the one step's wait
 
 
-def centre(rect):
-    left, top, right, bottom = rect
-    return (left + right) // 2, (top + bottom) // 2
-
-
 def twips(value, dpi):
     return round(value * dpi / 1440)
 
@@ -75,10 +70,6 @@ class SettingsPanelTest(WineTestCase):
 
     def options(self):
         return dict(zip(KEYS, (box["checked"] for box in self.panel_controls()[0])))
-
-    def click_at(self, rect):
-        self.move_pointer(*centre(rect))
-        self.xdotool("click", "1")
 
     def open_panel(self):
         """Presses the toolbar's Settings button as the user does."""
@@ -100,12 +91,12 @@ class SettingsPanelTest(WineTestCase):
 
     # Looks -----------------------------------------------------------------------------
 
-    def assert_panel_looks_right(self, dpi):
+    def assert_panel_looks_right(self, dpi, **settings):
         """The options with their values and the buttons in order, laid out in
         twips at the window's DPI beside the main window, which is locked
-        while the panel is open; then the tool tips and the hide."""
+        while the panel is open."""
         values = {"SmoothPointer": 1, "MouseSaver": 2}  # a checked and a greyed box
-        self.open_program(**values)
+        self.open_program(**values, **settings)
         self.open_panel()
         boxes, buttons = self.panel_controls()
         self.assertEqual([(caption, SETTLED[key] if key not in values else values[key]) for caption, key, _ in OPTIONS],
@@ -115,7 +106,7 @@ class SettingsPanelTest(WineTestCase):
 
         panel = self.panel_window()["rect"]
         self.assertGreaterEqual(panel[2] - panel[0], twips(PANEL_WIDTH, dpi), "at least 2820 twips wide")
-        self.assert_hangs_on_right_edge(self.driver("window", self.main["target"])["rect"], panel)
+        self.assert_hangs_on_right_edge(self.window_rect(), panel)
         lefts = {control["rect"][0] for control in boxes + buttons}
         widths = {control["rect"][2] - control["rect"][0] for control in boxes + buttons}
         self.assertEqual((1, 1), (len(lefts), len(widths)), "the options and buttons in one column")
@@ -127,25 +118,47 @@ class SettingsPanelTest(WineTestCase):
                             and c["rect"][3] < panel[3] for c in boxes + buttons), "all inside the panel")
         self.move_pointer(1, 1)  # no pointer over the panel in the picture
         shot = self.settled_screenshot(f"settings-panel-{dpi}dpi")
-        main = self.driver("window", self.main["target"])["rect"]
+        main = self.window_rect()
         # The main window with the panel beside it, as the help shows them.
-        subprocess.run(["convert", str(shot), "-crop", f"{panel[2] - main[0]}x{main[3] - main[1]}+{main[0]}+{main[1]}",
-                        "+repage", str(self.out / f"settings-panel-{dpi}dpi-window.png")], check=True,
-                       timeout=60 * TIMEOUT_SCALE)
+        self.crop(shot, (main[0], main[1], panel[2], main[3]), f"settings-panel-{dpi}dpi-window")
         return boxes, buttons
 
-    def test_the_panel_looks_right_at_96_dots_per_inch_with_its_tool_tips(self):
-        boxes, buttons = self.assert_panel_looks_right(96)
+    def test_the_panel_looks_right_at_96_dots_per_inch_with_its_tool_tips_and_buttons(self):
+        """Then the buttons: the counter reset only on Yes (from the status
+        bar's fifth panel and from the panel), and the stop-key and step-count
+        frames, each hiding the panel."""
+        boxes, buttons = self.assert_panel_looks_right(96, StepCounter=7)
         tips = [(box, tip) for box, (_, _, tip) in zip(boxes, OPTIONS)] + [
             (button, tip) for button, (_, tip) in zip(buttons, BUTTONS) if tip]
         for control, tip in tips:
             self.move_pointer(*centre(control["rect"]))
-            wait_until(lambda: [w["text"] for w in self.driver("windows")
-                                if w["class"] == "tooltips_class32" and w["visible"]], 20,
-                       f"the tool tip of {control['text']!r}", accept=lambda shown, tip=tip: shown == [tip])
+            wait_until(self.tool_tips, 20, f"the tool tip of {control['text']!r}",
+                       accept=lambda shown, tip=tip: shown == [tip])
         self.settled_screenshot("settings-panel-tool-tip")
         self.hide_panel()
         self.assertTrue(self.enabled()["Start"], "the main window unlocked")
+
+        self.click_status_panel(4)
+        box = self.wait_for_msgbox("Reset total clicks counter?")
+        self.assertEqual((APP_TITLE, ["Yes", "No"]), (box["title"], box["buttons"]))
+        self.answer("No")
+        wait_until(lambda: not self.driver("msgbox", allow_missing=True), 20, "the question answered")
+        self.assertEqual(("7", "7"), (self.panels()[4], self.setting("StepCounter")))
+        self.open_panel()
+        self.press_panel_button("Reset step counter")
+        self.wait_for_msgbox("Reset total clicks counter?")
+        self.answer("Yes")
+        self.assert_becomes("0", lambda: self.panels()[4])
+        self.assertEqual("0", self.setting("StepCounter"))
+        for caption, frame in (("Change StopKey", "KlickwerkStopKeyFrame"),
+                               ("Change number of steps", "KlickwerkStepCountFrame")):
+            self.press_panel_button(caption)
+            wait_until(lambda frame=frame: self.control(frame)["visible"], 20, f"{frame} after {caption!r}")
+            wait_until(lambda: not self.panel_window()["visible"], 20, f"the panel hidden by {caption!r}")
+            self.assertTrue(self.enabled()["Start"], "the main window unlocked")
+            self.press("Cancel")
+            if caption == "Change StopKey":
+                self.open_panel()
         self.close_klickwerk()
         self.assert_no_errors_logged()
 
@@ -178,8 +191,7 @@ class SettingsPanelTest(WineTestCase):
             # One change at a time: the next only once the panel has followed this one.
             wait_until(self.panel_window, 20, f"the panel to follow {command} {x} {y}",
                        accept=lambda panel, before=before: panel["rect"] != before)
-            self.assert_hangs_on_right_edge(self.driver("window", self.main["target"])["rect"],
-                                            self.panel_window()["rect"])
+            self.assert_hangs_on_right_edge(self.window_rect(), self.panel_window()["rect"])
         self.assertEqual(0, self.wait_for_exit(follower, 150), log.read_text())
         lags = [float(lag) for lag in json.loads(log.read_text().splitlines()[-1])["lags"]]
         print(f"\nsettings panel behind the main window: largest lag {max(lags):.1f} ms over {len(lags)} moves "
@@ -321,36 +333,5 @@ class SettingsPanelTest(WineTestCase):
         self.open_panel()
         self.assertEqual({key: int(on and key != "AutoStart") for key in KEYS}, self.options())
         self.hide_panel()
-        self.close_klickwerk()
-        self.assert_no_errors_logged()
-
-    # Buttons -----------------------------------------------------------------------------
-
-    def test_the_buttons_reset_the_counter_only_on_yes_and_open_the_stop_key_and_step_count_frames(self):
-        self.open_program(StepCounter=7)
-        self.focus(APP_TITLE)
-        self.click_at(self.driver("status", self.main["target"])["rects"][4])
-        box = self.wait_for_msgbox("Reset total clicks counter?")
-        self.assertEqual((APP_TITLE, ["Yes", "No"]), (box["title"], box["buttons"]))
-        self.answer("No")
-        wait_until(lambda: not self.driver("msgbox", allow_missing=True), 20, "the question answered")
-        self.assertEqual(("7", "7"), (self.panels()[4], self.setting("StepCounter")))
-
-        self.open_panel()
-        self.press_panel_button("Reset step counter")
-        self.wait_for_msgbox("Reset total clicks counter?")
-        self.answer("Yes")
-        self.assert_becomes("0", lambda: self.panels()[4])
-        self.assertEqual("0", self.setting("StepCounter"))
-
-        for caption, frame in (("Change StopKey", "KlickwerkStopKeyFrame"),
-                               ("Change number of steps", "KlickwerkStepCountFrame")):
-            self.press_panel_button(caption)
-            wait_until(lambda frame=frame: self.control(frame)["visible"], 20, f"{frame} after {caption!r}")
-            wait_until(lambda: not self.panel_window()["visible"], 20, f"the panel hidden by {caption!r}")
-            self.assertTrue(self.enabled()["Start"], "the main window unlocked")
-            self.press("Cancel")
-            if caption == "Change StopKey":
-                self.open_panel()
         self.close_klickwerk()
         self.assert_no_errors_logged()

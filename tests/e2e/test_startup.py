@@ -1,10 +1,10 @@
 """Start-up and close of the real program as the user meets them: the first
 run's offer, a script named on the command line with and without switches,
-the automatic start, a missing script, a declined second instance and the
-error-log notice on closing."""
+a declined second instance, the error-log notice on closing and logging
+off."""
 import re
 
-from harness import APP_TITLE, SETTLED, WineTestCase, file_bytes, script_bytes, script_lines, step
+from harness import APP_TITLE, WineTestCase, file_bytes, script_bytes, script_lines, step
 from wine_session import WINE, wait_until
 
 PROBE = "Probe Start"
@@ -68,24 +68,6 @@ class StartupTest(WineTestCase):
         self.close_klickwerk()
         self.assertEqual("1", self.setting("GRepeat"))
 
-    def test_automatic_start_plays_the_working_copy_once_and_switches_itself_off(self):
-        probe, _ = self.open_probe(PROBE)
-        self.open_program(working_copy=script_lines([FOCUS_PROBE, step(keys="auto")]), AutoStart=1)
-        # The end of the run re-reads the settings, the step counter with them.
-        wait_until(lambda: probe.text() == "auto" and not self.running(), 30, "the automatic run")
-        wait_until(lambda: self.setting("AutoStart") == "0", 10, "AutoStart switched off")
-
-    def test_missing_script_is_reported_with_the_path_as_typed_and_the_grid_stays_empty(self):
-        self.make_program_folder(SETTLED)
-        self.klickwerk = self.start_klickwerk(r"Scripts\absent.kwf", "/nostart", "/norep")
-        box = self.wait_for_msgbox(r"Failed to load Scripts\absent.kwf script file.  Script does not exist/corrupted.")
-        self.assertEqual(SPLASH, box["owner"])
-        self.answer("OK")
-        self.wait_for_main_window()
-        self.assertEqual([], self.grid())
-        self.close_klickwerk()
-        self.assertEqual(b"", file_bytes(self.folder / "Data.dat"))
-
     def test_second_instance_answered_no_ends_before_any_window(self):
         self.open_program()
         second = self.start_klickwerk()
@@ -118,18 +100,12 @@ class StartupTest(WineTestCase):
         self.driver("close", "Error.log - Notepad", wait=20)
         self.assertEqual(old_line * 2, file_bytes(self.folder / "Error.log"), "the log is only ever appended to")
 
-    def test_logging_off_runs_the_close_steps(self):
+    def test_logging_off_runs_the_close_steps_beside_another_copys_temporary_settings_file(self):
         self.open_program(script_lines([step(keys="a")]))
+        # Another running copy's temporary file, as it is while that copy writes.
+        (self.folder / "Settings.ini.new").mkdir()
         self.press("Repeat")  # kept in memory until the program closes
         self.assertEqual({"agreed": True}, self.driver("endsession", self.main["target"]))
         self.wait_for_exit(self.klickwerk)
         self.assertEqual("1", self.setting("GRepeat"))
         self.assert_no_errors_logged()
-
-    def test_settings_are_saved_beside_another_copys_temporary_settings_file(self):
-        self.open_program()
-        # Another running copy's temporary file, as it is while that copy writes.
-        (self.folder / "Settings.ini.new").mkdir()
-        self.press("Repeat")
-        self.close_klickwerk()
-        self.assertEqual("1", self.setting("GRepeat"))

@@ -1,9 +1,10 @@
 """The step-count frame as the user meets it: a click on the status bar's
 sixth panel opens it over the grid's place with the count selected; the count
-typed there rebuilds the grid from the five saved steps of the working copy;
-a character that is no number is refused; Esc and an empty count change
-nothing; and the frame looks right at 96 and at 144 dots per inch."""
-from harness import APP_TITLE, WineTestCase, file_bytes, script_bytes, script_lines, step
+typed there saves the grid and rebuilds it from the working copy, so steps
+that a smaller count dropped do not come back; a character that is no number is refused; Esc, Cancel and an empty count
+change nothing; and the frame looks right at 96 and at 144 dots per inch.
+Which counts make which grid is the unit tests' part."""
+from harness import WineTestCase, file_bytes, script_bytes, script_lines, step
 from wine_session import wait_until
 
 FRAME = "KlickwerkStepCountFrame"
@@ -13,15 +14,23 @@ SAVED = [step(100, 200, "Left Click", "Hello", secs=1), step(checked=False),
 LINES = script_lines(SAVED)
 NEW_STEP = (False, ["-1", "-1", "No Click", "", "0", "0", "0"])
 FRAME_TWIPS = (3600, 1575)
+# What is typed over the selected count, the count then shown, how the frame
+# is closed (a key, ("key", name), or a button's caption), the saved steps
+# kept and the rows afterwards, and the steps then in the working copy.
+CHANGES = [
+    ("1", "1", ("key", "Escape"), 5, 5, 5),
+    ("2", "2", "Cancel", 5, 5, 5),
+    ("abc", "", ("key", "Return"), 5, 5, 5),  # each letter refused, and an empty count is no number either
+    ("3x", "3", ("key", "Return"), 3, 3, 5),
+    ("2.9", "2.9", ("key", "KP_Enter"), 2, 2, 3),
+    ("8", "8", "Change", 2, 8, 2),
+]
 
 
 class StepCountTest(WineTestCase):
     def open_frame(self):
         """Clicks the sixth status panel and waits for the frame and its count."""
-        self.focus(APP_TITLE)
-        left, top, right, bottom = self.driver("status", self.main["target"])["rects"][5]
-        self.move_pointer((left + right) // 2, (top + bottom) // 2)
-        self.xdotool("click", "1")
+        self.click_status_panel(5)
         wait_until(self.frame_open, 20, "the step-count frame")
         self.assertEqual(str(len(self.grid())), self.count_text())
 
@@ -32,14 +41,10 @@ class StepCountTest(WineTestCase):
         # txtSteps is the one visible text box; the grid's txtCell waits hidden.
         return next(c["text"] for c in self.controls() if c["class"] == "Edit" and c["visible"])
 
-    def type_count(self, *keys):
-        """Types over the selected count: text, or ("key", name) for a key."""
-        for key in keys:
-            self.xdotool(*(key if isinstance(key, tuple) else ("type", "--delay", "30", key)))
-
     def close_frame(self, how):
-        """Presses a key, ("key", name), or a button of the frame by its caption."""
-        self.type_count(how) if isinstance(how, tuple) else self.press(how)
+        self.xdotool(*how) if isinstance(how, tuple) else self.press(how)
+        wait_until(lambda: not self.frame_open(), 10, "the frame to close")
+        self.assertTrue(self.control("SysListView32")["visible"])
 
     def wait_for_status(self, text):
         """Panel 1 shows `text`; it stays for two seconds."""
@@ -49,68 +54,33 @@ class StepCountTest(WineTestCase):
         """The first `kept` saved steps, then new default steps up to `total` rows."""
         expected = [(checked, [str(row), *cells]) for row, (checked, cells)
                     in enumerate(SAVED[:kept] + [NEW_STEP] * (total - kept), 1)]
-        self.assertEqual(expected, [(row["checked"], row["cells"]) for row in self.grid()])
-        self.assertEqual(str(total), self.panels()[5])
-
-    def change_count(self, count, keys, accept, kept, total):
-        self.open_program(working_copy=LINES)
-        self.open_frame()
-        self.type_count(*keys)
-        if keys == [count + "x"]:
-            self.wait_for_status("Must be a number.")
-        wait_until(self.count_text, 10, f"the count {count}", accept=lambda text: text == count)
-        self.close_frame(accept)
-        self.wait_for_status("Steps successfully changed.")
-        self.assertFalse(self.frame_open())
-        self.assert_rows(kept, total)
-        self.assertEqual(script_bytes(LINES), file_bytes(self.folder / "Data.dat"))
-        # Closing saves the grid but its new, unfilled steps; an empty grid is never saved.
-        self.close_klickwerk()
-        self.assertEqual(script_bytes(LINES[:kept] if kept else LINES), file_bytes(self.folder / "Data.dat"))
-        self.assert_no_errors_logged()
+        self.assert_becomes((expected, str(total)),
+                            lambda: ([(row["checked"], row["cells"]) for row in self.grid()], self.panels()[5]))
 
     def test_the_count_typed_rebuilds_the_grid_from_the_saved_steps(self):
-        cases = [
-            # the count, what is typed over the selected one, how it is accepted, saved steps kept, rows
-            ("0", ["0"], ("key", "Return"), 0, 0),
-            # "-" typed first would be refused: it is no number on its own.
-            ("-1", ["1", ("key", "Home"), "-"], ("key", "Return"), 0, 0),
-            ("2.9", ["2.9"], ("key", "KP_Enter"), 2, 2),
-            ("3", ["3x"], ("key", "Return"), 3, 3),  # the x is refused
-            ("8", ["8"], "Change", 5, 8),
-        ]
-        for case in cases:
-            with self.subTest(count=case[0]):
-                try:
-                    self.change_count(*case)
-                finally:
-                    self.stop_started()  # a failed case leaves no program behind for the next
-
-    def test_esc_cancel_and_a_count_that_is_no_number_change_nothing(self):
         self.open_program(working_copy=LINES)
-        for keys, close in [("1", ("key", "Escape")), ("2", "Cancel"), ("abc", ("key", "Return"))]:
-            with self.subTest(keys=keys):
+        self.assert_looks_right(96)
+        for typed, shown, close, kept, total, saved in CHANGES:
+            with self.subTest(typed=typed, close=close):
                 self.open_frame()
-                self.type_count(keys)
-                if keys == "abc":
-                    # Each letter is refused, and an empty count is no number either.
-                    wait_until(self.count_text, 10, "the letters refused", accept=lambda text: text == "")
-                    self.close_frame(close)
+                self.xdotool("type", "--delay", "30", typed)
+                if typed != shown:
                     self.wait_for_status("Must be a number.")
-                else:
-                    wait_until(self.count_text, 10, f"the count {keys}", accept=lambda text, keys=keys: text == keys)
-                    self.close_frame(close)
-                wait_until(lambda: not self.frame_open(), 10, "the frame to close")
-                self.assertTrue(self.control("SysListView32")["visible"])
-                self.assert_rows(len(SAVED), len(SAVED))
-        self.assertEqual(script_bytes(LINES), file_bytes(self.folder / "Data.dat"))
+                wait_until(self.count_text, 10, f"the count {shown!r}", accept=lambda text, shown=shown: text == shown)
+                self.close_frame(close)
+                if shown and close not in (("key", "Escape"), "Cancel"):
+                    self.wait_for_status("Steps successfully changed.")
+                self.assert_rows(kept, total)
+                self.assertEqual(script_bytes(LINES[:saved]), file_bytes(self.folder / "Data.dat"))
+        # Closing saves the grid but its new, unfilled steps.
+        self.close_klickwerk()
+        self.assertEqual(script_bytes(LINES[:2]), file_bytes(self.folder / "Data.dat"))
         self.assert_no_errors_logged()
 
     def assert_looks_right(self, dpi):
         """The frame centred in the window's client area at its size in twips,
         the grid hidden, the label and the box on one line and the buttons on
         the next, all inside the frame."""
-        self.open_program(working_copy=LINES)
         self.open_frame()
         self.xdotool("mousemove", "1", "1")  # no pointer over the window in the picture
         window = self.driver("window", self.main["target"])
@@ -133,12 +103,11 @@ class StepCountTest(WineTestCase):
         self.assertTrue(box[3] < change[1] and change[1] == cancel[1] and change[2] < cancel[0],
                         f"buttons below, side by side: {change} {cancel}")
         self.settled_screenshot(f"step-count-{dpi}dpi")
-        self.close_klickwerk()
-        self.assert_no_errors_logged()
-
-    def test_the_frame_looks_right_at_96_dots_per_inch(self):
-        self.assert_looks_right(96)
+        self.close_frame("Cancel")
 
     def test_the_frame_looks_right_at_144_dots_per_inch(self):
         self.use_144_dpi()
+        self.open_program(working_copy=LINES)
         self.assert_looks_right(144)
+        self.close_klickwerk()
+        self.assert_no_errors_logged()

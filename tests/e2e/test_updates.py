@@ -175,10 +175,7 @@ class UpdatesTest(WineTestCase):
         self.assertEqual((f"There is an update available!\r\nPress download button to download build {BUILD + 1}",
                           True), shown)
         # The help file's picture of the window.
-        left, top, right, bottom = self.driver("window", window)["rect"]
-        subprocess.run(["convert", self.settled_screenshot("update-window"), "-crop",
-                        f"{right - left}x{bottom - top}+{left}+{top}", "+repage", self.out / "updates_window.png"],
-                       check=True, timeout=60 * TIMEOUT_SCALE)
+        self.crop(self.settled_screenshot("update-window"), self.window_rect(window), "updates_window")
         self.driver("click", window, "Download")
         self.wait_for_msgbox(f"Please close {APP_TITLE} before installing the update.")
         wait_until(opened.exists, 20, "the shell to start the web browser")

@@ -94,6 +94,12 @@ std::string Text(const std::string& ansi) {
 }
 
 std::string Number(long long value) { return std::to_string(value); }
+
+std::string Milliseconds(double ms) {
+    char text[32];
+    snprintf(text, sizeof text, "%.2f", ms);
+    return text;
+}
 std::string Flag(bool value) { return value ? "true" : "false"; }
 
 std::string List(const std::vector<std::string>& items) {
@@ -369,11 +375,6 @@ public:
         QueryPerformanceCounter(&now);
         return static_cast<double>(now.QuadPart - start_.QuadPart) * 1000.0 / static_cast<double>(frequency_.QuadPart);
     }
-    std::string Text() const {
-        char text[32];
-        snprintf(text, sizeof text, "%.2f", Ms());
-        return text;
-    }
 
 private:
     LARGE_INTEGER frequency_, start_;
@@ -402,7 +403,7 @@ Result PressKeyUntilEnabled(HWND window, const Args& args) {
     const Stopwatch watch;
     keybd_event(key, 0, 0, 0);
     const bool enabled = PollUntil(watch, [&] { return IsWindowEnabled(button) != FALSE; }, 10000);
-    const std::string ms = watch.Text();
+    const std::string ms = Milliseconds(watch.Ms());
     keybd_event(key, 0, KEYEVENTF_KEYUP, 0);
     if (!enabled) return Fail(kFailed, "the button stayed disabled");
     return {kOk, Object({{"ms", ms}})};
@@ -418,13 +419,7 @@ Result FollowPanel(HWND window, const Args& args) {
     if (!panel) return Fail(kNotFound, "no such panel");
     const size_t count = strtoul(args[3].c_str(), nullptr, 10);
     const double kTimeLimitMs = 120000;
-    LARGE_INTEGER frequency, start, now;
-    QueryPerformanceFrequency(&frequency);
-    QueryPerformanceCounter(&start);
-    auto elapsedMs = [&] {
-        QueryPerformanceCounter(&now);
-        return static_cast<double>(now.QuadPart - start.QuadPart) * 1000.0 / static_cast<double>(frequency.QuadPart);
-    };
+    const Stopwatch watch;
     RECT seen{}, side{};
     GetWindowRect(window, &seen);
     double movedAt = -1;  // the first change the panel has not followed yet
@@ -432,16 +427,14 @@ Result FollowPanel(HWND window, const Args& args) {
     timeBeginPeriod(1);
     printf("{\"watching\":true}\n");
     fflush(stdout);
-    for (double at = elapsedMs(); lags.size() < count && at < kTimeLimitMs; at = elapsedMs()) {
+    for (double at = watch.Ms(); lags.size() < count && at < kTimeLimitMs; at = watch.Ms()) {
         RECT current{};
         GetWindowRect(window, &current);
         GetWindowRect(panel, &side);
         if (!EqualRect(&current, &seen) && movedAt < 0) movedAt = at;
         seen = current;
         if (movedAt >= 0 && HangsOnRightEdge(current, side)) {
-            char lag[32];
-            snprintf(lag, sizeof lag, "%.2f", at - movedAt);
-            lags.push_back(lag);
+            lags.push_back(Milliseconds(at - movedAt));
             movedAt = -1;
         }
         Sleep(1);
@@ -517,7 +510,7 @@ Result TimeUntilShown(const Args& args) {
         return Fail(kFailed, "cannot start " + args[2]);
     }
     const bool shown = PollUntil(watch, [&] { return ShowsWindowOfClass(started.dwProcessId, args[1]); }, 60000);
-    const std::string ms = watch.Text();
+    const std::string ms = Milliseconds(watch.Ms());
     TerminateProcess(started.hProcess, 0);
     WaitForSingleObject(started.hProcess, 10000);
     CloseHandle(started.hThread);
@@ -610,6 +603,13 @@ Result ListWindows(const Args&) {
 Result Run(const Args& args) {
     static const struct {
         const char* name;
+        Result (*run)(const Args&);
+    } kCommands[] = {
+        {"windows", ListWindows}, {"keysdown", ListKeysDown}, {"startup", ShowStartup}, {"showtime", TimeUntilShown},
+        {"resources", ShowResources}, {"msgbox", ShowMessageBox}, {"answer", AnswerMessageBox},
+    };
+    static const struct {
+        const char* name;
         Result (*run)(HWND, const Args&);
     } kWindowCommands[] = {
         {"window", ShowWindowState}, {"controls", ListControls}, {"grid", ShowGrid},
@@ -618,13 +618,9 @@ Result Run(const Args& args) {
         {"redraw", Redraw}, {"foreground", BringToFront}, {"close", PostClose}, {"endsession", EndSession},
         {"presskey", PressKeyUntilEnabled}, {"follow", FollowPanel},
     };
-    if (args[0] == "windows") return ListWindows(args);
-    if (args[0] == "keysdown") return ListKeysDown(args);
-    if (args[0] == "startup") return ShowStartup(args);
-    if (args[0] == "showtime") return TimeUntilShown(args);
-    if (args[0] == "resources") return ShowResources(args);
-    if (args[0] == "msgbox") return ShowMessageBox(args);
-    if (args[0] == "answer") return AnswerMessageBox(args);
+    for (const auto& command : kCommands) {
+        if (args[0] == command.name) return command.run(args);
+    }
     for (const auto& command : kWindowCommands) {
         if (args[0] != command.name) continue;
         if (args.size() < 2) return Fail(kFailed, args[0] + " needs a window");

@@ -8,7 +8,6 @@
 //   mkdir <name>, cd <name>, send <local> <remote>, rename <from> <to>,
 //   get <remote> <local>, delete <name>, rmdir <name>   "<operation> ok|failed"
 //   list                                  "list <name> <name> ..." or "list failed"
-//   url <address> <timeout ms>            "url <text>"
 //   showerror                             the last error's box; "showerror" once answered
 //   disconnect                            "disconnect"
 //
@@ -57,7 +56,6 @@ const std::map<std::string, Operation>& Operations() {
                       for (const std::string& name : names.value_or(Args{})) line += (line.empty() ? "" : " ") + name;
                       return names ? line : "failed";
                   }}},
-        {"url", {2, [](INetClass& net, const Args& a) { return net.OpenURL(a[0], std::stoul(a[1])); }}},
         {"showerror", {0, [](INetClass& net, const Args&) {
                            net.ShowError();
                            return std::string();
