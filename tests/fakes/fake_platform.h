@@ -3,6 +3,7 @@
 #include <functional>
 #include <map>
 #include <optional>
+#include <ostream>
 #include <set>
 #include <string>
 #include <vector>
@@ -128,6 +129,10 @@ public:
     struct Call {
         std::string file, parameters, directory;
         int show;
+        bool operator==(const Call&) const = default;
+        friend void PrintTo(const Call& call, std::ostream* out) {
+            *out << call.file << " | " << call.parameters << " | " << call.directory << " | show " << call.show;
+        }
     };
     std::intptr_t Open(const std::string& file, const std::string& parameters, const std::string& directory,
                        int showCommand) override {
@@ -138,6 +143,7 @@ public:
     std::vector<Call> calls;
     std::function<void()> onOpen;  // looks at the program during the call
 };
+using ShellCalls = std::vector<FakeShell::Call>;
 
 // Records every call as a line ("install mouse", "init keys 485 2", ...).
 class FakeHookLibrary : public HookLibrary {

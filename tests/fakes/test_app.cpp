@@ -4,16 +4,14 @@
 #include <random>
 
 namespace {
+constexpr const char* kMemoryFolder = "C:\\Klickwerk";
+
 std::filesystem::path FreshFolder() {
     std::random_device random;
     auto path = std::filesystem::temp_directory_path() / ("klickwerk-test-" + std::to_string(random()));
     std::filesystem::create_directories(path);
     return path;
 }
-}  // namespace
-
-namespace {
-constexpr const char* kMemoryFolder = "C:\\Klickwerk";
 }  // namespace
 
 TestApp::TestApp() : folder(FreshFolder()) {
@@ -49,6 +47,18 @@ std::string TestApp::ReadFile(const std::string& name) const {
 void TestApp::WriteFile(const std::string& name, const std::string& data) const {
     std::filesystem::create_directories(NativePath(name).parent_path());
     std::ofstream(NativePath(name), std::ios::binary) << data;
+}
+
+std::string TestApp::Column(int column) const {
+    std::string cells;
+    for (int row = 1; row <= grid.RowCount(); ++row) cells += (row > 1 ? " " : "") + grid.Cell(row, column);
+    return cells;
+}
+
+std::string TestApp::Flags(bool (StepGrid::*flag)(int) const) const {
+    std::string flags;
+    for (int row = 1; row <= grid.RowCount(); ++row) flags += (grid.*flag)(row) ? "1" : "0";
+    return flags;
 }
 
 void TestApp::AddColumns() {

@@ -36,6 +36,9 @@ public:
     void AddStep(const std::array<std::string, kColumnCount>& cells, bool checked = true) {
         AppendStep(grid, cells, checked);
     }
+    // A column's cells, or a flag of every row, as one text: "10 -1 20", "101".
+    std::string Column(int column) const;
+    std::string Flags(bool (StepGrid::*flag)(int) const) const;
     // The grid's eight columns at their first-run widths: 800, 600, 600, 1500,
     // 1125, 700, 700 and 800 twips ("Additional" spans 3500 to 4625).
     void AddColumns();

@@ -135,10 +135,8 @@ TEST_F(Playback, MinusOneKeepsThatCoordinateOfThePointer) {
     AddStep("-1", "300", "No Click", "");
     AddStep("25", "-1", "No Click", "");
     StartButton(app);
-    std::vector<InputEvent> moves = EventsOf(InputEvent::SetPos);
-    ASSERT_EQ(moves.size(), 2u);
-    EXPECT_EQ(moves[0], (InputEvent{InputEvent::SetPos, 0, 0, 640, 300}));
-    EXPECT_EQ(moves[1], (InputEvent{InputEvent::SetPos, 0, 0, 25, 300}));
+    EXPECT_EQ(EventsOf(InputEvent::SetPos),
+              (std::vector<InputEvent>{{InputEvent::SetPos, 0, 0, 640, 300}, {InputEvent::SetPos, 0, 0, 25, 300}}));
 }
 
 TEST_F(Playback, WaitsMinutesTimesSixtyPlusSeconds) {
@@ -356,10 +354,8 @@ TEST_F(SmoothMove, GlidesTwoPixelsPerAxisAndEndsExactlyOnTarget) {
     ASSERT_FALSE(moves.empty());
     for (const InputEvent& move : moves) EXPECT_EQ(move.code, 0xFFFF8001u);
     // 65535 / 1280 and 65535 / 1024 rounded: one pixel on each axis.
-    EXPECT_EQ(moves.front().x, 5120 + 2 * 51);
-    EXPECT_EQ(moves.front().y, 6400 + 2 * 64);
-    EXPECT_EQ(moves.back().x, 20480);
-    EXPECT_EQ(moves.back().y, 16000);
+    EXPECT_EQ(moves.front(), (InputEvent{InputEvent::Mouse, 0xFFFF8001u, 0, 5120 + 2 * 51, 6400 + 2 * 64}));
+    EXPECT_EQ(moves.back(), (InputEvent{InputEvent::Mouse, 0xFFFF8001u, 0, 20480, 16000}));
     EXPECT_EQ(t.input.cursor, (Point{400, 250}));
     // Diagonal until the vertical distance is covered, then straight.
     InputEvent halfway = moves[74];

@@ -4,7 +4,7 @@
 #include "app/toolbar_commands.h"
 #include "core/basic_text.h"
 #include "core/runtime_error.h"
-#include "fakes/probe_seams.h"
+#include "fakes/test_app.h"
 
 namespace {
 
@@ -29,9 +29,8 @@ protected:
         };
     }
 
-    ProbedTestApp p;  // its files can refuse writes
-    TestApp& t = p.base;
-    App& app = p.app;
+    TestApp t;
+    App& app = t.app;
     bool disabledWhileShown = false;
 };
 
@@ -116,7 +115,7 @@ TEST_F(SaveLoadTest, AShortScriptNameEndsTheSaveThroughItsErrorTrap) {
 }
 
 TEST_F(SaveLoadTest, AFailedCopyKeepsTheExistingFileAndIsLogged) {
-    p.files.onWrite = [](const std::string& path) { return !EndsWith(path, ".kwf"); };
+    t.files.onWrite = [](const std::string& path) { return !EndsWith(path, ".kwf"); };
     AddSteps();
     t.WriteFile("old.kwf", "True|||1||1||1||No Click||||0||0||0\r\n");
     t.dialogs.answers.push_back(t.Path("old.kwf"));

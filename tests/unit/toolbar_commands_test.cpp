@@ -78,11 +78,7 @@ TEST(Toolbar, HelpOpensTheHelpFileMaximisedWithItsButtonDisabledMeanwhile) {
     t.app.programFolder = "C:\\Prog";
     ToolbarClick(t.app, "help");
     ToolbarClick(t.app, "h2");
-    ASSERT_EQ(t.shell.calls.size(), 2u);
-    for (const FakeShell::Call& call : t.shell.calls) {
-        EXPECT_EQ(call.file + "|" + call.parameters + "|" + call.directory, "C:\\Prog\\Klickwerk.chm||");
-        EXPECT_EQ(call.show, 3);
-    }
+    EXPECT_EQ(t.shell.calls, ShellCalls(2, {"C:\\Prog\\Klickwerk.chm", "", "", 3}));
     EXPECT_EQ(helpEnabled, (std::vector<bool>{false, false}));
     EXPECT_TRUE(t.main.IsEnabled(Control::ToolHelp));
 }
@@ -153,10 +149,7 @@ TEST_F(StatusLineTest, MessagesDisappearAfterTheDelayOfTheNewest) {
 
 TEST_F(StatusLineTest, ABoxMessageIsAlsoShownInAnInformationBox) {
     ShowStatus(t.app, "Nothing to save.", true, true);
-    ASSERT_EQ(t.boxes.shown.size(), 1u);
-    EXPECT_EQ(t.boxes.shown[0].text, "Nothing to save.");
-    EXPECT_EQ(t.boxes.shown[0].title, t.app.appTitle);
-    EXPECT_EQ(t.boxes.shown[0].style, BoxStyle::Information);
+    EXPECT_EQ(t.boxes.shown, (ShownBoxes{{"Nothing to save.", t.app.appTitle, BoxStyle::Information}}));
     EXPECT_EQ(After(4999), "Nothing to save.");
 }
 
