@@ -105,7 +105,6 @@ public:
     double originSeconds = 1000000.0;
     double yieldCostMs = 0;  // time one message-loop pass takes
     Date today{2026, 11, 21};
-    int waits = 0;
     std::vector<double> waitedSeconds;
     int fineTiming = 0;  // BeginFineTiming calls not yet ended
 

@@ -62,8 +62,9 @@ std::string TestApp::Flags(bool (StepGrid::*flag)(int) const) const {
 }
 
 void TestApp::AddColumns() {
-    const double widths[kColumnCount] = {800, 600, 600, 1500, 1125, 700, 700, 800};
-    for (int column = 0; column < kColumnCount; ++column) grid.AddColumn(kColumnHeaders[column], widths[column], true);
+    for (int column = 0; column < kColumnCount; ++column) {
+        grid.AddColumn(kColumnHeaders[column], kFirstRunWidths[column], true);
+    }
 }
 
 void AppendStep(StepGrid& grid, const std::array<std::string, kColumnCount>& cells, bool checked) {
