@@ -174,8 +174,8 @@ TEST_F(SaveLoadTest, LoadReplacesTheWorkingCopyAndTheGrid) {
     EXPECT_TRUE(t.main.IsEnabled(Control::ToolLoad));
     EXPECT_EQ(t.ReadFile("Data.dat"), loaded);
     ASSERT_EQ(t.grid.RowCount(), 1);
-    EXPECT_EQ(t.grid.Cell(1, kColX), "5");
-    EXPECT_EQ(t.grid.Cell(1, kColAdditional), "hi");
+    EXPECT_EQ(t.grid.Row(1).cells,
+              (std::array<std::string, kColumnCount>{"1", "5", "6", "Right Click", "hi", "0", "3", "1"}));
     EXPECT_EQ(t.main.PanelText(1), "Loaded successfully.");
 }
 
@@ -195,8 +195,7 @@ TEST_F(SaveLoadTest, LoadRefusesFilesThatAreNotScripts) {
         EXPECT_EQ(fresh.boxes.Texts(), std::vector<std::string>{message}) << name;
         EXPECT_EQ(fresh.main.timers[Timer::Blank].interval, 5000);
         EXPECT_EQ(fresh.ReadFile("Data.dat"), kTwoSteps) << name;
-        ASSERT_EQ(fresh.grid.RowCount(), 1) << name;
-        EXPECT_EQ(fresh.grid.Cell(1, kColAdditional), "abc");
+        EXPECT_EQ(fresh.Column(kColAdditional), "abc") << name;
         EXPECT_TRUE(fresh.main.IsEnabled(Control::ToolLoad));
     }
 }
