@@ -18,6 +18,7 @@
 #include "core/step_count_view.h"
 #include "core/text_input_view.h"
 #include "core/updates_view.h"
+#include "fakes/fake_views.h"
 
 // Records every dialog request and answers from a script: each answer is a
 // chosen path, or nothing for Cancel. With no answer left the user cancels.
@@ -52,10 +53,11 @@ public:
     void SetTexts(const std::string& titleText, const std::string& buildText) override {
         title = titleText, build = buildText;
     }
-    double FrameWidth() const override { return frameWidth; }
-    double FrameHeight() const override { return frameHeight; }
-    double InnerWidth() const override { return innerWidth; }
-    double InnerHeight() const override { return innerHeight; }
+    // The centred frame's corner is at 1000, 1000.
+    double FrameWidth() const override { return 4000; }
+    double FrameHeight() const override { return 1000; }
+    double InnerWidth() const override { return 6000; }
+    double InnerHeight() const override { return 3000; }
     void MoveTo(double newLeft, double newTop) override {
         left = newLeft, top = newTop;
         tops.push_back(newTop);
@@ -64,11 +66,6 @@ public:
     void SetVisible(bool shown) override { visible = shown; }
     bool Visible() const override { return visible; }
 
-    // The centred frame's corner is at 1000, 1000.
-    double frameWidth = 4000;
-    double frameHeight = 1000;
-    double innerWidth = 6000;
-    double innerHeight = 3000;
     double left = 0;
     double top = 0;
     bool visible = false;
@@ -111,18 +108,17 @@ public:
 // where each editor was opened.
 class FakeCellEditors : public CellEditorView {
 public:
-    void Open(CellEditor editor, int row, int column, const std::string& text) override {
-        slots[editor] = {true, text, row, column};
+    void Open(CellEditor editor, int, int column, const std::string& text) override {
+        slots[editor] = {true, text, column};
     }
     void Hide(CellEditor editor) override { slots[editor].visible = false; }
-    bool Visible(CellEditor editor) const override { return slots.count(editor) && slots.at(editor).visible; }
-    std::string Text(CellEditor editor) const override { return slots.count(editor) ? slots.at(editor).text : ""; }
+    bool Visible(CellEditor editor) const override { return ValueOr(slots, editor, {}).visible; }
+    std::string Text(CellEditor editor) const override { return ValueOr(slots, editor, {}).text; }
     void SetText(const std::string& text, bool) override { slots[CellEditor::Text].text = text; }
 
     struct Slot {
         bool visible = false;
         std::string text;
-        int row = 0;
         int column = 0;
     };
     std::map<CellEditor, Slot> slots;
@@ -199,10 +195,7 @@ public:
 class FakeSettingsPanelView : public SettingsPanelView {
 public:
     void SetOption(Setting key, int value) override { options[key] = value; }
-    int Option(Setting key) const override {
-        auto found = options.find(key);
-        return found == options.end() ? 0 : found->second;
-    }
+    int Option(Setting key) const override { return ValueOr(options, key, 0); }
     void SetVisible(bool shown) override { visible = shown; }
     bool Visible() const override { return visible; }
     void SetKeepAttached(bool enabled) override { keepAttached = enabled; }

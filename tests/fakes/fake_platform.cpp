@@ -116,7 +116,6 @@ void FakeClock::RunTimersUntil(double endMs, const bool* stop) {
 }
 
 void FakeClock::Wait(double seconds, const bool& stop) {
-    ++waits;
     waitedSeconds.push_back(seconds);
     RunTimersUntil(nowMs + seconds * 1000.0, &stop);
 }

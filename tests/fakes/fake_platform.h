@@ -3,6 +3,7 @@
 #include <functional>
 #include <map>
 #include <optional>
+#include <ostream>
 #include <set>
 #include <string>
 #include <vector>
@@ -104,7 +105,6 @@ public:
     double originSeconds = 1000000.0;
     double yieldCostMs = 0;  // time one message-loop pass takes
     Date today{2026, 11, 21};
-    int waits = 0;
     std::vector<double> waitedSeconds;
     int fineTiming = 0;  // BeginFineTiming calls not yet ended
 
@@ -128,6 +128,10 @@ public:
     struct Call {
         std::string file, parameters, directory;
         int show;
+        bool operator==(const Call&) const = default;
+        friend void PrintTo(const Call& call, std::ostream* out) {
+            *out << call.file << " | " << call.parameters << " | " << call.directory << " | show " << call.show;
+        }
     };
     std::intptr_t Open(const std::string& file, const std::string& parameters, const std::string& directory,
                        int showCommand) override {
@@ -138,6 +142,7 @@ public:
     std::vector<Call> calls;
     std::function<void()> onOpen;  // looks at the program during the call
 };
+using ShellCalls = std::vector<FakeShell::Call>;
 
 // Records every call as a line ("install mouse", "init keys 485 2", ...).
 class FakeHookLibrary : public HookLibrary {

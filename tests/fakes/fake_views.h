@@ -4,12 +4,21 @@
 #include <deque>
 #include <functional>
 #include <map>
+#include <ostream>
 #include <string>
 #include <vector>
 
 #include "core/main_view.h"
 #include "core/message_boxes.h"
 #include "script/step_grid.h"
+
+// The value kept for `key`, or `fallback` when none is.
+template <typename Map>
+typename Map::mapped_type ValueOr(const Map& map, const typename Map::key_type& key,
+                                  typename Map::mapped_type fallback) {
+    auto found = map.find(key);
+    return found == map.end() ? fallback : found->second;
+}
 
 class FakeMainView : public MainView {
 public:
@@ -25,25 +34,16 @@ public:
     }
     std::string PanelText(int panel) const override { return panels.at(panel); }
     void SetEnabled(Control control, bool enabled) override { disabled[control] = !enabled; }
-    bool IsEnabled(Control control) const override {
-        auto found = disabled.find(control);
-        return found == disabled.end() || !found->second;
-    }
+    bool IsEnabled(Control control) const override { return !ValueOr(disabled, control, false); }
     void SetTimer(Timer timer, bool enabled) override;
     void SetTimerInterval(Timer timer, int milliseconds) override { timers[timer].interval = milliseconds; }
-    bool TimerEnabled(Timer timer) const override {
-        auto found = timers.find(timer);
-        return found != timers.end() && found->second.enabled;
-    }
+    bool TimerEnabled(Timer timer) const override { return ValueOr(timers, timer, {}).enabled; }
     void SetCaption(const std::string& text) override { caption = text; }
     std::string RecordCaption() const override { return recordCaption; }
     void SetRecordCaption(const std::string& text) override { recordCaption = text; }
     void ShowRepeatState(bool on) override { repeatShownOn = on; }
     void SetFrameVisible(Frame frame, bool visible) override { hiddenFrames[frame] = !visible; }
-    bool FrameVisible(Frame frame) const override {
-        auto found = hiddenFrames.find(frame);
-        return found == hiddenFrames.end() || !found->second;
-    }
+    bool FrameVisible(Frame frame) const override { return !ValueOr(hiddenFrames, frame, false); }
     void SetBusyPointer(bool busy) override { busyPointer = busy; }
     WindowState State() const override { return state; }
     void SetState(WindowState newState) override { state = newState; }
@@ -66,14 +66,8 @@ public:
         return gridCommand;
     }
     void Beep() override { ++beeps; }
-    std::string Caption(Control control) const override {
-        auto found = captions.find(control);
-        return found == captions.end() ? "" : found->second;
-    }
-    std::string MenuCaption(MenuEntry entry) const override {
-        auto found = menuCaptions.find(entry);
-        return found == menuCaptions.end() ? "" : found->second;
-    }
+    std::string Caption(Control control) const override { return ValueOr(captions, control, ""); }
+    std::string MenuCaption(MenuEntry entry) const override { return ValueOr(menuCaptions, entry, ""); }
 
     // Fires the enabled timers that are due at `nowMs`, earliest first;
     // returns the time of the next due timer after that (or a huge value).
@@ -122,6 +116,10 @@ public:
         std::string text;
         std::string title;
         BoxStyle style;
+        bool operator==(const Shown&) const = default;
+        friend void PrintTo(const Shown& box, std::ostream* out) {
+            *out << box.text << " | " << box.title << " | style " << static_cast<int>(box.style);
+        }
     };
     BoxAnswer Show(const std::string& text, const std::string& title, BoxStyle style) override;
     std::vector<std::string> Texts() const;  // of the boxes shown, in order
@@ -130,3 +128,4 @@ public:
     std::vector<Shown> shown;
     std::function<void(const Shown&)> onShow;
 };
+using ShownBoxes = std::vector<ScriptedBoxes::Shown>;

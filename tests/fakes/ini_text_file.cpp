@@ -106,6 +106,7 @@ std::string IniTextFile::Read(const std::string& section, const std::string& key
 
 int IniTextFile::Write(const std::string& section, const std::string& key, const std::string& value,
                        const std::string& file) {
+    writes.push_back(key + "=" + value);
     std::vector<std::string> lines = LinesOf(file);
     Location at = Find(lines, section, key);
     std::string entry = key + "=" + value;

@@ -15,6 +15,8 @@ public:
     int Write(const std::string& section, const std::string& key, const std::string& value,
               const std::string& file) override;
 
+    std::vector<std::string> writes;  // "Key=Value", in order
+
 private:
     // The file's lines, parsed again only when its text has changed.
     const std::vector<std::string>& LinesOf(const std::string& file);

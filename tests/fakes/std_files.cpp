@@ -34,6 +34,7 @@ std::optional<std::string> StdFiles::ReadAll(const std::string& path) {
 }
 
 bool StdFiles::WriteAtomically(const std::string& path, const std::string& data) {
+    if (onWrite && !onWrite(path)) return false;
     fs::path target = Native(path);
     fs::path temporary = target;
     temporary += ".tmp";

@@ -1,6 +1,8 @@
 #pragma once
 // Files over the C++ standard library, for builds other than Windows (the
 // Linux tests and benchmarks). "\" in paths is taken as the folder separator.
+#include <functional>
+
 #include "platform/files.h"
 
 class StdFiles : public Files {
@@ -14,4 +16,8 @@ public:
     std::vector<std::string> List(const std::string& pattern) override;
     // The temporary files are "<target>.tmp".
     void RemoveLeftovers(const std::string& folder) override;
+
+    // Runs before each atomic write; false fails the write like a full disk,
+    // so nothing reaches the file.
+    std::function<bool(const std::string& path)> onWrite;
 };

@@ -4,16 +4,14 @@
 #include <random>
 
 namespace {
+constexpr const char* kMemoryFolder = "C:\\Klickwerk";
+
 std::filesystem::path FreshFolder() {
     std::random_device random;
     auto path = std::filesystem::temp_directory_path() / ("klickwerk-test-" + std::to_string(random()));
     std::filesystem::create_directories(path);
     return path;
 }
-}  // namespace
-
-namespace {
-constexpr const char* kMemoryFolder = "C:\\Klickwerk";
 }  // namespace
 
 TestApp::TestApp() : folder(FreshFolder()) {
@@ -51,9 +49,22 @@ void TestApp::WriteFile(const std::string& name, const std::string& data) const 
     std::ofstream(NativePath(name), std::ios::binary) << data;
 }
 
+std::string TestApp::Column(int column) const {
+    std::string cells;
+    for (int row = 1; row <= grid.RowCount(); ++row) cells += (row > 1 ? " " : "") + grid.Cell(row, column);
+    return cells;
+}
+
+std::string TestApp::Flags(bool (StepGrid::*flag)(int) const) const {
+    std::string flags;
+    for (int row = 1; row <= grid.RowCount(); ++row) flags += (grid.*flag)(row) ? "1" : "0";
+    return flags;
+}
+
 void TestApp::AddColumns() {
-    const double widths[kColumnCount] = {800, 600, 600, 1500, 1125, 700, 700, 800};
-    for (int column = 0; column < kColumnCount; ++column) grid.AddColumn(kColumnHeaders[column], widths[column], true);
+    for (int column = 0; column < kColumnCount; ++column) {
+        grid.AddColumn(kColumnHeaders[column], kFirstRunWidths[column], true);
+    }
 }
 
 void AppendStep(StepGrid& grid, const std::array<std::string, kColumnCount>& cells, bool checked) {

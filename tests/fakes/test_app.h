@@ -2,6 +2,7 @@
 // A whole App over fakes and a fresh temporary program folder with real files.
 #include <filesystem>
 #include <string>
+#include <vector>
 
 #include "core/app.h"
 #include "fakes/fake_command_views.h"
@@ -11,6 +12,9 @@
 #include "fakes/memory_files.h"
 #include "fakes/std_files.h"
 #include "script/step_grid.h"
+
+// The grid's column widths at the first run, in twips ("Additional" spans 3500 to 4625).
+inline const std::vector<double> kFirstRunWidths = {800, 600, 600, 1500, 1125, 700, 700, 800};
 
 // Appends a step from its eight cell texts.
 void AppendStep(StepGrid& grid, const std::array<std::string, kColumnCount>& cells, bool checked = true);
@@ -36,8 +40,10 @@ public:
     void AddStep(const std::array<std::string, kColumnCount>& cells, bool checked = true) {
         AppendStep(grid, cells, checked);
     }
-    // The grid's eight columns at their first-run widths: 800, 600, 600, 1500,
-    // 1125, 700, 700 and 800 twips ("Additional" spans 3500 to 4625).
+    // A column's cells, or a flag of every row, as one text: "10 -1 20", "101".
+    std::string Column(int column) const;
+    std::string Flags(bool (StepGrid::*flag)(int) const) const;
+    // The grid's eight columns at their first-run widths.
     void AddColumns();
 
     std::filesystem::path folder;  // empty over files in memory

@@ -31,29 +31,25 @@ protected:
     std::vector<double> topsSeenByTimer;
 };
 
-TEST_F(AboutBoxTest, SlidesInToTheCentreYieldingAfterEveryStepAndOnlyOnce) {
+TEST_F(AboutBoxTest, SlidesInOnlyOnceAndOutAgainYieldingAfterEveryStep) {
     ToolbarClick(t.app, "about");
     ToolbarClick(t.app, "about");
-    std::vector<double> expected;
-    for (double top = -1000; top <= 1000; top += 200) expected.push_back(top);
-    EXPECT_EQ(t.about.tops, expected);
-    EXPECT_EQ(topsSeenByTimer, expected);  // the window ran its messages at every step
+    std::vector<double> slideIn;
+    for (double top = -1000; top <= 1000; top += 200) slideIn.push_back(top);
+    EXPECT_EQ(t.about.tops, slideIn);
+    EXPECT_EQ(topsSeenByTimer, slideIn);  // the window ran its messages at every step
     EXPECT_EQ(t.about.left, 1000);
     EXPECT_TRUE(t.about.visible);
-    EXPECT_EQ(t.about.title, t.app.appTitle);
-    EXPECT_EQ(t.about.build, "Build " + std::to_string(KW_BUILD_NUMBER));
+    EXPECT_EQ(std::pair(t.about.title, t.about.build),
+              std::pair(t.app.appTitle, "Build " + std::to_string(KW_BUILD_NUMBER)));
     EXPECT_FALSE(t.main.IsEnabled(Control::ToolAbout));
-}
 
-TEST_F(AboutBoxTest, HidingSlidesOutAndFreesTheButton) {
-    ToolbarClick(t.app, "about");
     t.about.tops.clear();
     topsSeenByTimer.clear();
     HideAbout(t.app);
-    std::vector<double> expected;
-    for (double top = 1000; top >= -1000; top -= 200) expected.push_back(top);
-    EXPECT_EQ(t.about.tops, expected);
-    EXPECT_EQ(topsSeenByTimer, expected);
+    const std::vector<double> slideOut(slideIn.rbegin(), slideIn.rend());
+    EXPECT_EQ(t.about.tops, slideOut);
+    EXPECT_EQ(topsSeenByTimer, slideOut);
     EXPECT_FALSE(t.about.visible);
     EXPECT_TRUE(t.main.IsEnabled(Control::ToolAbout));
 }
@@ -78,10 +74,7 @@ TEST_F(AboutBoxTest, LinksOpenThroughTheShellAndHideTheBox) {
     for (const auto& [link, target] : cases) {
         ToolbarClick(t.app, "about");
         OpenAboutLink(t.app, link);
-        ASSERT_FALSE(t.shell.calls.empty());
-        EXPECT_EQ(t.shell.calls.back().file, target);
-        EXPECT_EQ(t.shell.calls.back().parameters, "");
-        EXPECT_EQ(t.shell.calls.back().show, 5);
+        EXPECT_EQ(t.shell.calls.back(), (FakeShell::Call{target, "", "", 5}));
         EXPECT_FALSE(t.about.visible);
         EXPECT_TRUE(t.main.IsEnabled(Control::ToolAbout));
     }

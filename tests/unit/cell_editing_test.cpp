@@ -130,8 +130,7 @@ TEST(CellEditing, ACommitChecksTheRowClearsItsMarkAndSavesTheWorkingCopy) {
     EXPECT_FALSE(t.cells.Visible(CellEditor::Text));
     EXPECT_TRUE(t.grid.Checked(2));
     EXPECT_EQ(t.grid.Mark(2), "");
-    EXPECT_EQ(t.app.cellEdit.row, -1);
-    EXPECT_EQ(t.app.cellEdit.column, -1);
+    EXPECT_EQ(std::pair(t.app.cellEdit.row, t.app.cellEdit.column), std::pair(-1, -1));
     EXPECT_NE(t.ReadFile("Data.dat").find("||55||40||Bogus||%sa||2||1||0"), std::string::npos);
 }
 
@@ -143,8 +142,7 @@ TEST(CellEditing, SecondsOfAMinuteOrMoreCarryIntoMins) {
         EditingApp t;
         t.Click(6000, 2);
         t.Type({typed, "<blur>"});
-        EXPECT_EQ(t.grid.Cell(2, kColMins), mins) << typed;
-        EXPECT_EQ(t.grid.Cell(2, kColSecs), secs) << typed;
+        EXPECT_EQ(std::pair(t.grid.Cell(2, kColMins), t.grid.Cell(2, kColSecs)), std::pair(mins, secs)) << typed;
     }
 }
 

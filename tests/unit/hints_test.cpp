@@ -33,21 +33,17 @@ TEST(Hints, NextAndPreviousWrapAroundTheHints) {
     EXPECT_EQ(shown, (std::vector<std::string>{"Hint: 1 first", "Hint: 2 second", "Hint: 1 first", "Hint: 2 second"}));
 }
 
-TEST(Hints, LineBreaksComeOnlyFromTheirPlaceholder) {
-    HintApp t("|Two$ret$breaks$ret$here, written \r\nacross lines|");
-    DidYouKnow(t.app, 1, true);
-    EXPECT_EQ(t.hint.hint, "Two\r\nbreaks\r\nhere, written across lines");
-}
-
-TEST(Hints, PlaceholdersQuoteTheLiveCaptions) {
-    HintApp t("|$B1$ $B2$ $AV$ $S1$ $S2$ $S3$ $S4$ $N1$ $N2$ $N3$ $P4$ $P5$ $P6$ $M1$ $M2$ $M3$ $S3$|");
-    const std::pair<Control, const char*> captions[] = {
-        {Control::ToolSave, "Save"},   {Control::ToolLoad, "Load"},  {Control::ToolAbout, "About"},
-        {Control::Start, "Start"},     {Control::Stop, "Stop"},      {Control::Record, "F5 TO STOP"},
-        {Control::Repeat, "Repeat"},   {Control::ToolSettings, "Settings"}, {Control::ToolHelp, "Help"},
-        {Control::ToolExit, "Exit"},
+TEST(Hints, PlaceholdersQuoteTheLiveCaptionsAndAloneMakeLineBreaks) {
+    HintApp t(
+        "|$B1$ $B2$ $AV$ $S1$ $S2$ $S3$ $S4$ $N1$ $N2$ $N3$ $P4$ $P5$ $P6$ $M1$ $M2$ $M3$ $S3$|"
+        "Two$ret$breaks$ret$here, written \r\nacross lines|");
+    t.main.captions = {
+        {Control::ToolSave, "Save"},   {Control::ToolLoad, "Load"},
+        {Control::ToolAbout, "About"}, {Control::Start, "Start"},
+        {Control::Stop, "Stop"},       {Control::Record, "F5 TO STOP"},
+        {Control::Repeat, "Repeat"},   {Control::ToolSettings, "Settings"},
+        {Control::ToolHelp, "Help"},   {Control::ToolExit, "Exit"},
     };
-    for (const auto& [control, caption] : captions) t.main.captions[control] = caption;
     t.main.menuCaptions = {{MenuEntry::RecordFromBeginning, "From start"},
                            {MenuEntry::RecordFromSelected, "From here"},
                            {MenuEntry::ViewHelpFile, "Help file"}};
@@ -55,6 +51,8 @@ TEST(Hints, PlaceholdersQuoteTheLiveCaptions) {
     DidYouKnow(t.app, 1, true);
     EXPECT_EQ(t.hint.hint, "Save Load About Start Stop F5 TO STOP Repeat Settings Help Exit p4 p5 p6 From start "
                            "From here Help file F5 TO STOP");
+    DidYouKnow(t.app, 2, true);
+    EXPECT_EQ(t.hint.hint, "Two\r\nbreaks\r\nhere, written across lines");
 }
 
 TEST(Hints, AMissingOrEmptyFileLeavesThePanelAsItWasAndIsLogged) {

@@ -52,10 +52,8 @@ TEST(INetClass, AnUnreachableServerGivesNothingAndItsErrorCanBeShown) {
     INetClass net(t.app.os, t.boxes, t.app.appTitle);
     EXPECT_EQ(net.OpenURL("http://nowhere/a", 5000), "");
     net.ShowError();
-    ASSERT_EQ(t.boxes.shown.size(), 1u);
-    EXPECT_EQ(t.boxes.shown[0].text, "Error 12029: A connection with the server could not be established");
-    EXPECT_EQ(t.boxes.shown[0].title, "Klickwerk v1.0");
-    EXPECT_EQ(t.boxes.shown[0].style, BoxStyle::Error);
+    EXPECT_EQ(t.boxes.shown, (ShownBoxes{{"Error 12029: A connection with the server could not be established",
+                                          "Klickwerk v1.0", BoxStyle::Error}}));
 }
 
 TEST(INetClass, FtpOperationsReachTheServerAndAFailureKeepsItsReason) {

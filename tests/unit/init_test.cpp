@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "app/init.h"
+#include "editing/column_widths.h"
 #include "fakes/fake_startup.h"
 
 namespace {
@@ -18,14 +19,12 @@ struct InitRun : StartupApp {
     }
 };
 
-const std::vector<double> kDefaultWidths = {800, 600, 600, 1500, 1125, 700, 700, 800};
-
 }  // namespace
 
 TEST(Init, BuildsTheColumnsFromColumnWidths) {
     const std::pair<const char*, std::vector<double>> cases[] = {
-        {"", kDefaultWidths},
-        {"ColWidth=   \r\n", kDefaultWidths},
+        {"", kFirstRunWidths},
+        {"ColWidth=   \r\n", kFirstRunWidths},
         {"ColWidth=900,500,500,1000,1000,600,600,700\r\n", {900, 500, 500, 1000, 1000, 600, 600, 700}},
         {"ColWidth=1,2,3,4,5,6,7,8,9\r\n", {1, 2, 3, 4, 5, 6, 7, 8}},
     };
@@ -101,4 +100,26 @@ TEST(Init, AppendsTheWorkingCopyUnlessSkippedAndTakesTheUsersDecimalSeparator) {
         EXPECT_EQ(t.app.settings.repeatState, "1") << skip;
         EXPECT_EQ(t.app.decimalSeparator, ',');
     }
+}
+
+TEST(ColumnWidths, NewWidthRoundsEachColumnHalfToEvenAndRecordsTheTotal) {
+    TestApp t;
+    for (double width : {800.5, 601.5, 600.4, 1500.0, 1125.0, 700.0, 700.0, 799.6}) t.grid.AddColumn("c", width, true);
+    NewWidth(t.app);
+    std::array<std::string, kColumnCount> expected{"800", "602", "600", "1500", "1125", "700", "700", "800"};
+    EXPECT_EQ(t.app.columnWidths, expected);
+    EXPECT_EQ(t.app.columnWidthTotal, 6827);
+}
+
+TEST(ColumnWidths, TheTimerRebuildsOnlyWhenTheTotalChanged) {
+    TestApp t;
+    t.AddColumns();
+    NewWidth(t.app);
+    t.app.columnWidths[0] = "stale";
+    OnColResizeTimer(t.app);
+    EXPECT_EQ(t.app.columnWidths[0], "stale");
+    t.grid.SetColumnWidth(4, 2000);
+    OnColResizeTimer(t.app);
+    EXPECT_EQ(t.app.columnWidths[0], "800");
+    EXPECT_EQ(t.app.columnWidths[4], "2000");
 }

@@ -59,10 +59,8 @@ TEST_P(MainLayoutTest, ButtonsFitAtTheSmallestWindow) {
 
 TEST_P(MainLayoutTest, ATinyWindowGivesEmptyRectsNotNegativeOnes) {
     MainLayout layout = LayoutMainWindow({4, 4}, 30, 20, dpi);
-    EXPECT_EQ(layout.frame.width, 0);
-    EXPECT_EQ(layout.frame.height, 0);
-    EXPECT_EQ(layout.grid.width, 0);
-    EXPECT_EQ(layout.grid.height, 0);
+    for (const PixelRect& rect : {layout.frame, layout.grid})
+        EXPECT_EQ(std::pair(rect.width, rect.height), std::pair(0, 0));
 }
 
 TEST_P(MainLayoutTest, ATallToolbarPushesTheFrameDownWithoutOverlappingTheStatusBar) {

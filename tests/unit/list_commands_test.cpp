@@ -20,17 +20,6 @@ struct ListApp : TestApp {
         }
         for (int row : selected) grid.SetSelected(row, true);
     }
-
-    std::string Column(int column) const {
-        std::string cells;
-        for (int row = 1; row <= grid.RowCount(); ++row) cells += (row > 1 ? " " : "") + grid.Cell(row, column);
-        return cells;
-    }
-    std::string Flags(bool (StepGrid::*flag)(int) const) const {
-        std::string flags;
-        for (int row = 1; row <= grid.RowCount(); ++row) flags += (grid.*flag)(row) ? "1" : "0";
-        return flags;
-    }
 };
 
 TEST(GridMenu, FitsTheEntriesToThePlaceAndTheSelection) {

@@ -58,10 +58,9 @@ TEST(MainLoad, MissingSettingsAreWrittenAfterTheFirstRunOffer) {
         EXPECT_EQ(r.boxes.Texts(), c.boxes);
         EXPECT_EQ(r.boxes.shown.front().style, BoxStyle::Information);
         EXPECT_EQ(r.boxes.shown.back().style, c.lastStyle);
-        EXPECT_EQ(r.Setting("AutoStart"), c.autoStart);
-        EXPECT_EQ(r.Setting("FirstRun"), "0");
-        EXPECT_EQ(r.Setting("StopKey"), "27");
-        EXPECT_EQ(r.Setting("LastCheck"), "11/21/2026");
+        EXPECT_EQ(
+            (Strings{r.Setting("AutoStart"), r.Setting("FirstRun"), r.Setting("StopKey"), r.Setting("LastCheck")}),
+            (Strings{c.autoStart, "0", "27", "11/21/2026"}));
         EXPECT_EQ(r.grid.RowCount(), c.rows);
         EXPECT_EQ(r.grid.ColumnCount(), kColumnCount);
         EXPECT_EQ(r.services.calls, c.calls);
@@ -105,9 +104,7 @@ TEST(MainLoad, CommandLineScriptReplacesTheWorkingCopyAndFollowsTheSwitches) {
         EXPECT_EQ(r.app.settings.repeatState, repeat) << switches << storedRepeat;
         EXPECT_EQ(r.main.repeatShownOn, std::string(repeat) == "1") << switches;
         EXPECT_EQ(r.services.Called("StartPlayback"), plays) << switches;
-        EXPECT_FALSE(r.app.autoStarted);
-        EXPECT_FALSE(r.services.Called("ShowHint"));
-        EXPECT_FALSE(r.services.Called("CheckForUpdates"));
+        EXPECT_FALSE(r.app.autoStarted || r.services.Called("ShowHint") || r.services.Called("CheckForUpdates"));
         EXPECT_EQ(r.services.calls.back(), "FinishLoad");
         EXPECT_EQ(r.ReadFile("Data.dat"), kWorkingCopy);
     }

@@ -102,8 +102,7 @@ TEST_F(KeyText, WaitsATenthOfASecondFirstAndSwitchesTheKeyTimersOffWhileTyping) 
     TypeKeyText(app, "ab");
     EXPECT_EQ(t.clock.waitedSeconds, std::vector<double>{0.1});
     EXPECT_EQ(t.main.panels[1], "Remaining until next step: <1 second");
-    ASSERT_EQ(timersOnWhileTyping.size(), 12u);
-    for (bool on : timersOnWhileTyping) EXPECT_FALSE(on);
+    EXPECT_EQ(timersOnWhileTyping, std::vector<bool>(12, false));
     // All three are on afterwards, whatever they were before.
     for (Timer timer : {Timer::Hotkey, Timer::ShiftNext, Timer::Stop}) EXPECT_TRUE(t.main.TimerEnabled(timer));
 }

@@ -5,6 +5,7 @@
 
 #include "app/stop_key_panel.h"
 #include "core/app.h"
+#include "core/vocabulary.h"
 #include "playback/hot_keys.h"
 #include "playback/playback_loop.h"
 #include "playback/run_controls.h"
@@ -96,6 +97,13 @@ TEST_F(StopKeys, FSixMakesAStopKeyThatNothingPresses) {
     EXPECT_EQ(t.clock.nowMs, 2000);
 }
 
+TEST(Vocabulary, EveryOfferedChoiceExceptF6RoundTrips) {
+    for (const std::string& name : StopKeyChoices()) {
+        std::string back = StopKeyName(StopKeyCodeOf(name));
+        EXPECT_EQ(back, name == "F6" ? "" : name) << name;
+    }
+}
+
 class HotKeys : public PlaybackRig {
 protected:
     HotKeys() {
@@ -112,14 +120,10 @@ TEST_F(HotKeys, FTwelveCopiesThePointerIntoEverySelectedRow) {
     t.grid.SetMark(3, "NEW");
     PressKeyAt(123, 0, 150);
     t.clock.Wait(0.2, app.stopRequested);
-    for (int row : {0, 2}) {
-        EXPECT_EQ(t.grid.Cell(row + 1, kColX), "321");
-        EXPECT_EQ(t.grid.Cell(row + 1, kColY), "654");
-        EXPECT_TRUE(t.grid.Checked(row + 1));
-        EXPECT_EQ(t.grid.Mark(row + 1), "");
-    }
-    EXPECT_EQ(t.grid.Cell(2, kColX), "3");
-    EXPECT_FALSE(t.grid.Checked(2));
+    EXPECT_EQ(t.Column(kColX), "321 3 321");
+    EXPECT_EQ(t.Column(kColY), "654 4 654");
+    EXPECT_EQ(t.Flags(&StepGrid::Checked), "101");
+    EXPECT_EQ(t.grid.Mark(3), "");
 }
 
 TEST_F(HotKeys, HotKeysSleepWhileRecording) {
@@ -153,10 +157,7 @@ TEST_F(HotKeys, FTenPausesWithAPlainBox) {
         t.clock.Sleep(5000);
     };
     StartButton(app);
-    ASSERT_EQ(t.boxes.shown.size(), 1u);
-    EXPECT_EQ(t.boxes.shown[0].text, "Paused. Press OK to resume.");
-    EXPECT_EQ(t.boxes.shown[0].title, "PAUSED");
-    EXPECT_EQ(t.boxes.shown[0].style, BoxStyle::Plain);
+    EXPECT_EQ(t.boxes.shown, (ShownBoxes{{"Paused. Press OK to resume.", "PAUSED", BoxStyle::Plain}}));
     EXPECT_GE(t.clock.nowMs, 5300);
 }
 
@@ -166,18 +167,13 @@ TEST_F(HotKeys, FElevenMovesASingleSelectionOnAndIgnoresNoneOrSeveral) {
     t.grid.SetSelected(1, true);
     t.grid.SetSelected(3, true);
     OnShiftNextTimer(app);
-    EXPECT_EQ(t.grid.RowCount(), 3);
-    EXPECT_TRUE(t.grid.Selected(1));
-    EXPECT_FALSE(t.grid.Selected(2));
+    EXPECT_EQ(t.Flags(&StepGrid::Selected), "101");
     t.grid.SetSelected(3, false);
     OnShiftNextTimer(app);
-    EXPECT_FALSE(t.grid.Selected(1));
-    EXPECT_TRUE(t.grid.Selected(2));
+    EXPECT_EQ(t.Flags(&StepGrid::Selected), "010");
     OnShiftNextTimer(app);
     OnShiftNextTimer(app);
-    ASSERT_EQ(t.grid.RowCount(), 4);
-    EXPECT_TRUE(t.grid.Selected(4));
-    EXPECT_FALSE(t.grid.Selected(3));
+    EXPECT_EQ(t.Flags(&StepGrid::Selected), "0001");
     EXPECT_EQ(t.grid.Mark(4), "NEW");
 }
 

@@ -1,10 +1,11 @@
 #include <gtest/gtest.h>
 
+#include "app/dialog_flags.h"
 #include "app/save_load_commands.h"
 #include "app/toolbar_commands.h"
 #include "core/basic_text.h"
 #include "core/runtime_error.h"
-#include "fakes/probe_seams.h"
+#include "fakes/test_app.h"
 
 namespace {
 
@@ -29,11 +30,37 @@ protected:
         };
     }
 
-    ProbedTestApp p;  // its files can refuse writes
-    TestApp& t = p.base;
-    App& app = p.app;
+    TestApp t;
+    App& app = t.app;
     bool disabledWhileShown = false;
 };
+
+TEST(DialogFlags, EachDialogTakesItsOwnOptionsAndNeverAHookOrTemplate) {
+    DialogOptions options;
+    options.fileMustExist = options.multiSelect = options.readOnlyChecked = options.hideReadOnly = true;
+    options.extraFlags = 0x80000 | 0x20 | 0x40;
+    EXPECT_EQ(SaveDialogFlags(options), 0x80004u);
+    options.overwritePrompt = true;
+    EXPECT_EQ(SaveDialogFlags(options), 0x80006u);
+    EXPECT_EQ(OpenDialogFlags(options), 0x81205u);
+    EXPECT_EQ(OpenDialogFlags(DialogOptions{}), 0u);
+}
+
+TEST(DialogFlags, RequestsCarryTheBufferSizeBareExtensionAndZeroSeparatedFilter) {
+    DialogOptions options;
+    options.filter = "A|*.a|B|*.*";
+    options.defaultExtension = "*.kwf";
+    FileDialogRequest open = OpenRequest(options);
+    EXPECT_EQ(open.bufferSize, 260u);
+    EXPECT_EQ(open.defaultExtension, "kwf");
+    EXPECT_EQ(open.filter, std::string("A\0*.a\0B\0*.*", 11));
+    options.multiSelect = true;
+    EXPECT_EQ(OpenRequest(options).bufferSize, 8192u);
+    // The save dialog never selects several files.
+    EXPECT_EQ(SaveRequest(options).bufferSize, 260u);
+    options.defaultExtension = ".txt";
+    EXPECT_EQ(SaveRequest(options).defaultExtension, "txt");
+}
 
 TEST(ProposeScriptName, CountsOnFromTheHighestNumberListedSoFar) {
     const std::pair<std::vector<std::string>, const char*> cases[] = {
@@ -116,7 +143,7 @@ TEST_F(SaveLoadTest, AShortScriptNameEndsTheSaveThroughItsErrorTrap) {
 }
 
 TEST_F(SaveLoadTest, AFailedCopyKeepsTheExistingFileAndIsLogged) {
-    p.files.onWrite = [](const std::string& path) { return !EndsWith(path, ".kwf"); };
+    t.files.onWrite = [](const std::string& path) { return !EndsWith(path, ".kwf"); };
     AddSteps();
     t.WriteFile("old.kwf", "True|||1||1||1||No Click||||0||0||0\r\n");
     t.dialogs.answers.push_back(t.Path("old.kwf"));
@@ -147,8 +174,8 @@ TEST_F(SaveLoadTest, LoadReplacesTheWorkingCopyAndTheGrid) {
     EXPECT_TRUE(t.main.IsEnabled(Control::ToolLoad));
     EXPECT_EQ(t.ReadFile("Data.dat"), loaded);
     ASSERT_EQ(t.grid.RowCount(), 1);
-    EXPECT_EQ(t.grid.Cell(1, kColX), "5");
-    EXPECT_EQ(t.grid.Cell(1, kColAdditional), "hi");
+    EXPECT_EQ(t.grid.Row(1).cells,
+              (std::array<std::string, kColumnCount>{"1", "5", "6", "Right Click", "hi", "0", "3", "1"}));
     EXPECT_EQ(t.main.PanelText(1), "Loaded successfully.");
 }
 
@@ -168,8 +195,7 @@ TEST_F(SaveLoadTest, LoadRefusesFilesThatAreNotScripts) {
         EXPECT_EQ(fresh.boxes.Texts(), std::vector<std::string>{message}) << name;
         EXPECT_EQ(fresh.main.timers[Timer::Blank].interval, 5000);
         EXPECT_EQ(fresh.ReadFile("Data.dat"), kTwoSteps) << name;
-        ASSERT_EQ(fresh.grid.RowCount(), 1) << name;
-        EXPECT_EQ(fresh.grid.Cell(1, kColAdditional), "abc");
+        EXPECT_EQ(fresh.Column(kColAdditional), "abc") << name;
         EXPECT_TRUE(fresh.main.IsEnabled(Control::ToolLoad));
     }
 }

@@ -85,9 +85,7 @@ TEST(ReadData, AppendsAfterTheRowsAlreadyThere) {
     t.AddStep({"1", "5", "5", "Left Click", "", "0", "0", "0"});
     t.WriteFile("Data.dat", kPlainLine + "\r\n");
     ASSERT_TRUE(ReadData(t.app, "", false));
-    ASSERT_EQ(t.grid.RowCount(), 2);
-    EXPECT_EQ(t.grid.Cell(1, kColX), "5");
-    EXPECT_EQ(t.grid.Cell(2, kColX), "-1");
+    EXPECT_EQ(t.Column(kColX), "5 -1");
 }
 
 TEST(ReadData, AMissingScriptFailsQuietlyAndAMissingWorkingCopyIsCreatedEmpty) {
@@ -103,7 +101,10 @@ TEST(ReadData, AMissingScriptFailsQuietlyAndAMissingWorkingCopyIsCreatedEmpty) {
 }
 
 TEST(ReadData, OverwriteFillsExistingRowsOnly) {
-    for (auto [rows, lines] : {std::pair{2, 3}, {3, 2}, {0, 1}}) {
+    // Rows in the grid, lines in the file, then the X cells, numbers and check marks afterwards.
+    const std::tuple<int, int, const char*, const char*, const char*> cases[] = {
+        {2, 3, "10 20", "1 2", "11"}, {3, 2, "10 20 old", "1 2 9", "110"}, {0, 1, "", "", ""}};
+    for (const auto& [rows, lines, xs, numbers, checks] : cases) {
         TestApp t;
         for (int row = 1; row <= rows; ++row) {
             t.AddStep({"9", "old", "old", "Left Up", "old", "9", "9", "9"}, false);
@@ -115,14 +116,10 @@ TEST(ReadData, OverwriteFillsExistingRowsOnly) {
         }
         t.WriteFile("Data.dat", file);
         EXPECT_TRUE(ReadData(t.app, "", true));
-        ASSERT_EQ(t.grid.RowCount(), rows);
-        for (int row = 1; row <= rows; ++row) {
-            bool filled = row <= lines;
-            EXPECT_EQ(t.grid.Cell(row, kColX), filled ? std::to_string(row * 10) : "old") << row;
-            EXPECT_EQ(t.grid.Cell(row, kColNumber), filled ? std::to_string(row) : "9") << row;
-            EXPECT_EQ(t.grid.Checked(row), filled) << row;
-            EXPECT_EQ(t.grid.Mark(row), filled ? "" : "NEW") << row;
-        }
+        EXPECT_EQ(t.Column(kColX), xs) << rows;
+        EXPECT_EQ(t.Column(kColNumber), numbers) << rows;
+        EXPECT_EQ(t.Flags(&StepGrid::Checked), checks) << rows;
+        for (int row = 1; row <= rows; ++row) EXPECT_EQ(t.grid.Mark(row), row <= lines ? "" : "NEW") << row;
     }
 }
 

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "fakes/probe_seams.h"
 #include "fakes/test_app.h"
 #include "script/grid_rules.h"
 #include "script/script_file.h"
@@ -59,23 +58,23 @@ TEST(SaveData, NeverWritesNewRowsAndPurgeRemovesThem) {
 }
 
 TEST(SaveData, ShowsItsProgressAndRestoresTheWindow) {
-    ProbedTestApp p;
-    p.base.AddStep(kNewStep);
+    TestApp t;
+    t.AddStep(kNewStep);
     bool hiddenWhileWriting = false;
     bool busyWhileWriting = false;
-    p.files.onWrite = [&](const std::string&) {
-        hiddenWhileWriting = !p.base.main.FrameVisible(Frame::Main);
-        busyWhileWriting = p.base.main.busyPointer;
+    t.files.onWrite = [&](const std::string&) {
+        hiddenWhileWriting = !t.main.FrameVisible(Frame::Main);
+        busyWhileWriting = t.main.busyPointer;
         return true;
     };
-    ASSERT_TRUE(SaveData(p.app, true));
+    ASSERT_TRUE(SaveData(t.app, true));
     EXPECT_TRUE(hiddenWhileWriting);
     EXPECT_TRUE(busyWhileWriting);
-    EXPECT_TRUE(p.base.main.FrameVisible(Frame::Main));
-    EXPECT_FALSE(p.base.main.busyPointer);
+    EXPECT_TRUE(t.main.FrameVisible(Frame::Main));
+    EXPECT_FALSE(t.main.busyPointer);
     std::vector<std::string> expected = {"Preparing for save... Please wait.", "Saving...  Please wait.",
                                          "Saved successfully."};
-    EXPECT_EQ(p.base.main.statusTexts, expected);
+    EXPECT_EQ(t.main.statusTexts, expected);
 }
 
 TEST(SaveData, EmptyGridLeavesTheWorkingCopyAlone) {
@@ -88,17 +87,17 @@ TEST(SaveData, EmptyGridLeavesTheWorkingCopyAlone) {
 }
 
 TEST(SaveData, FailedWriteKeepsThePreviousFileAndReportsFailure) {
-    ProbedTestApp p;
+    TestApp t;
     const std::string previous = "False|||1||7||7||Left Up||||0||0||0\r\n";
-    p.base.WriteFile("Data.dat", previous);
-    p.base.AddStep(kNewStep);
-    p.files.onWrite = [](const std::string&) { return false; };
-    EXPECT_FALSE(SaveData(p.app, false));
-    EXPECT_EQ(p.base.ReadFile("Data.dat"), previous);
-    std::string log = p.base.ReadFile("Error.log");
+    t.WriteFile("Data.dat", previous);
+    t.AddStep(kNewStep);
+    t.files.onWrite = [](const std::string&) { return false; };
+    EXPECT_FALSE(SaveData(t.app, false));
+    EXPECT_EQ(t.ReadFile("Data.dat"), previous);
+    std::string log = t.ReadFile("Error.log");
     EXPECT_EQ(std::ranges::count(log, '\n'), 1);  // logged once, not again by an outer trap
     EXPECT_NE(log.find(" SaveData "), std::string::npos);
-    EXPECT_TRUE(p.base.main.FrameVisible(Frame::Main));
-    EXPECT_FALSE(p.base.main.busyPointer);
-    EXPECT_NE(p.base.main.statusTexts.back(), "Saved successfully.");
+    EXPECT_TRUE(t.main.FrameVisible(Frame::Main));
+    EXPECT_FALSE(t.main.busyPointer);
+    EXPECT_NE(t.main.statusTexts.back(), "Saved successfully.");
 }

@@ -137,9 +137,8 @@ TEST(SettingsPanel, TheResetQuestionSetsTheCounterToZeroOnlyOnYes) {
             r.t.main.SetPanelText(5, "7");
             r.t.boxes.answers = {answer};
             fromStatusBar ? StatusPanelClick(r.app, 5) : RunPanelCommand(r.app, PanelCommand::ResetStepCounter);
-            ASSERT_EQ(r.t.boxes.shown.size(), 1u);
-            EXPECT_EQ(r.t.boxes.shown[0].text, "Reset total clicks counter?");
-            EXPECT_EQ(r.t.boxes.shown[0].style, BoxStyle::QuestionYesNo);
+            EXPECT_EQ(r.t.boxes.shown,
+                      (ShownBoxes{{"Reset total clicks counter?", "Klickwerk v1.0", BoxStyle::QuestionYesNo}}));
             EXPECT_EQ(ReadSetting(r.app, Setting::StepCounter), counter);
             EXPECT_EQ(r.t.main.PanelText(5), counter);
         }

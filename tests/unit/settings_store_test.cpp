@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "core/settings.h"
-#include "fakes/probe_seams.h"
+#include "fakes/test_app.h"
 
 namespace {
 
@@ -14,29 +14,29 @@ void WriteSettings(TestApp& t, const std::string& body) { t.WriteFile("Settings.
 }  // namespace
 
 TEST(SettingsStore, FirstRunDefaultsAreWrittenInOrder) {
-    ProbedTestApp p;
-    WriteFirstRunDefaults(p.app);
+    TestApp t;
+    WriteFirstRunDefaults(t.app);
     Lines expected = {"FirstRun=0",   "OnTop=0",      "GRepeat=0",       "SmoothPointer=0", "ShowCount=1",
                       "StartMin=0",   "WithWindows=0", "DYK=1",          "Enter4Step=0",    "MouseSaver=0",
                       "StopKey=27",   "StepCounter=0", "LastCheck=11/21/2026", "Height=6610", "RecMode=0"};
-    EXPECT_EQ(p.ini.writes, expected);
-    EXPECT_NE(p.base.ReadFile("Settings.ini").find("[MAIN]\r\nFirstRun=0\r\n"), std::string::npos);
+    EXPECT_EQ(t.ini.writes, expected);
+    EXPECT_NE(t.ReadFile("Settings.ini").find("[MAIN]\r\nFirstRun=0\r\n"), std::string::npos);
 }
 
 TEST(SettingsStore, SaveSetWritesTheControlsInOrder) {
-    ProbedTestApp p;
-    SettingValues& s = p.app.settings;
+    TestApp t;
+    SettingValues& s = t.app.settings;
     s.onTop = 1, s.repeatState = "1", s.smoothPointer = 0, s.showCount = 1, s.autoStart = 0, s.startMin = 2;
     s.withWindows = 0, s.dyk = 1, s.enter4Step = 1, s.mouseSaver = 0;
-    p.base.main.SetPanelText(5, "1234");
-    p.base.main.heightTwips = 7200;
-    p.app.columnWidths = {"800", " 600", " 600", "1500", "1125", "700", "700", "800"};
-    SaveSet(p.app);
+    t.main.SetPanelText(5, "1234");
+    t.main.heightTwips = 7200;
+    t.app.columnWidths = {"800", " 600", " 600", "1500", "1125", "700", "700", "800"};
+    SaveSet(t.app);
     Lines expected = {"OnTop=1",     "GRepeat=1",      "SmoothPointer=0",  "ShowCount=1", "AutoStart=0",
                       "StartMin=2",  "WithWindows=0",  "DYK=1",            "Enter4Step=1", "MouseSaver=0",
                       "StepCounter=1234", "Height=7200", "ColWidth=800, 600, 600,1500,1125,700,700,800"};
-    EXPECT_EQ(p.ini.writes, expected);
-    EXPECT_FALSE(p.base.Exists("Error.log"));
+    EXPECT_EQ(t.ini.writes, expected);
+    EXPECT_FALSE(t.Exists("Error.log"));
 }
 
 TEST(SettingsStore, CheckBoxesAndRepeatToggleTakeTheirValues) {

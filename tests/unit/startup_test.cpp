@@ -2,7 +2,25 @@
 
 #include "app/startup.h"
 #include "fakes/fake_startup.h"
+#include "platform/program_arguments.h"
 #include "version.h"
+
+TEST(ProgramArgumentsTest, TakesWhatFollowsTheProgramName) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"Klickwerk.exe", ""},
+        {"Klickwerk.exe   ", ""},
+        {"Klickwerk.exe a.kwf", "a.kwf"},
+        {"C:\\Kw\\Klickwerk.exe a.kwf /nostart /norep", "a.kwf /nostart /norep"},
+        {"\"C:\\Program Files\\Kw\\Klickwerk.exe\" C:\\My Scripts\\a.kwf /norep", "C:\\My Scripts\\a.kwf /norep"},
+        {"\"C:\\Kw\\Klickwerk.exe\"a.kwf", "a.kwf"},
+        {"\"C:\\Kw\\Klickwerk.exe\"\t\t\"quoted path.kwf\" ", "\"quoted path.kwf\" "},
+        {"  Klickwerk.exe x", "x"},
+        {"\"C:\\Kw\\Klickwerk.exe", ""},
+        {"", ""},
+    };
+    for (const auto& [commandLine, arguments] : cases)
+        EXPECT_EQ(ArgumentsAfterProgramName(commandLine), arguments) << commandLine;
+}
 
 TEST(SplitCommandLine, PathBeforeTheFirstSwitchAndKnownSwitchesOnly) {
     const std::tuple<const char*, const char*, bool, bool> cases[] = {
@@ -22,9 +40,7 @@ TEST(SplitCommandLine, PathBeforeTheFirstSwitchAndKnownSwitchesOnly) {
     };
     for (const auto& [line, path, noStart, noRepeat] : cases) {
         CommandLine split = SplitCommandLine(line);
-        EXPECT_EQ(split.path, path) << line;
-        EXPECT_EQ(split.noStart, noStart) << line;
-        EXPECT_EQ(split.noRepeat, noRepeat) << line;
+        EXPECT_EQ(std::tie(split.path, split.noStart, split.noRepeat), std::tie(path, noStart, noRepeat)) << line;
     }
 }
 
@@ -35,11 +51,10 @@ TEST(MainSub, SetsTheValuesShowsTheSplashAndLoadsTheWindow) {
     t.WriteFile("Error.log", "0123456789");
     t.WriteFile("Settings.ini", "[MAIN]\r\nFirstRun=0\r\n");
     EXPECT_TRUE(MainSub(t.app, t.services));
-    EXPECT_EQ(t.app.appTitle, "Klickwerk v1.0");
-    EXPECT_EQ(t.app.programFolder, t.folder.string());
-    EXPECT_EQ(t.app.settingsPath, t.Path("Settings.ini"));
-    EXPECT_EQ(t.app.scriptStorePath, t.Path("Data.dat"));
-    EXPECT_EQ(t.app.errorLogPath, t.Path("Error.log"));
+    EXPECT_EQ((std::vector<std::string>{t.app.appTitle, t.app.programFolder, t.app.settingsPath, t.app.scriptStorePath,
+                                        t.app.errorLogPath}),
+              (std::vector<std::string>{"Klickwerk v1.0", t.folder.string(), t.Path("Settings.ini"), t.Path("Data.dat"),
+                                        t.Path("Error.log")}));
     EXPECT_EQ(t.app.errorLogSizeAtStart, 10);
     EXPECT_FALSE(t.app.closingFlag);
     ASSERT_GE(t.services.calls.size(), 3u);
@@ -55,10 +70,9 @@ TEST(MainSub, AsksBeforeASecondInstance) {
         t.osInfo.otherInstance = true;
         t.boxes.answers = {answer};
         EXPECT_EQ(MainSub(t.app, t.services), answer == BoxAnswer::Yes);
-        ASSERT_FALSE(t.boxes.shown.empty());
-        EXPECT_EQ(t.boxes.shown[0].text,
-                  "There's an instance of Klickwerk v1.0 already running.  Create a new instance?");
-        EXPECT_EQ(t.boxes.shown[0].style, BoxStyle::QuestionYesNo);
+        EXPECT_EQ(t.boxes.shown.at(0), (ScriptedBoxes::Shown{"There's an instance of Klickwerk v1.0 already running.  "
+                                                             "Create a new instance?",
+                                                             "Klickwerk v1.0", BoxStyle::QuestionYesNo}));
         EXPECT_EQ(t.services.Called("LoadMainWindow"), answer == BoxAnswer::Yes);
         EXPECT_EQ(t.services.calls.empty(), answer == BoxAnswer::No);
     }
@@ -91,8 +105,7 @@ TEST(MainSub, RemovesTemporaryFilesLeftByAKilledCopyOnlyWhenRunningAlone) {
             t.WriteFile(name, "steps");
         MainSub(t.app, t.services);
         // Another copy may be writing through them right now.
-        EXPECT_EQ(t.Exists("Data.dat.tmp"), another);
-        EXPECT_EQ(t.Exists("Scripts/mine.kwf.tmp"), another);
+        EXPECT_EQ(std::pair(t.Exists("Data.dat.tmp"), t.Exists("Scripts/mine.kwf.tmp")), std::pair(another, another));
         EXPECT_TRUE(t.Exists("Data.dat") && t.Exists("Scripts/mine.kwf"));
     }
 }
@@ -133,19 +146,16 @@ TEST(CloseMainWindow, OffersTheErrorLogOnlyWhenItChanged) {
         if (logAtClose) t.WriteFile("Error.log", logAtClose);
         t.app.errorLogSizeAtStart = sizeAtStart;
         EXPECT_TRUE(CloseMainWindow(t.app, t.services));
-        if (!offered) {
-            EXPECT_TRUE(t.boxes.shown.empty()) << sizeAtStart;
-            EXPECT_TRUE(t.shell.calls.empty()) << sizeAtStart;
-            continue;
+        ShownBoxes boxes;
+        ShellCalls opened;
+        if (offered) {
+            boxes = {
+                {"Klickwerk v1.0 logged some minor errors during this run.  Please send Error.log to "
+                 "support@klickwerk.example.  Thank you.",
+                 "Klickwerk v1.0", BoxStyle::Plain}};
+            opened = {{t.Path("Error.log"), "0", "0", 1}};
         }
-        ASSERT_EQ(t.boxes.shown.size(), 1u);
-        EXPECT_EQ(t.boxes.shown[0].text,
-                  "Klickwerk v1.0 logged some minor errors during this run.  Please send Error.log to "
-                  "support@klickwerk.example.  Thank you.");
-        EXPECT_EQ(t.boxes.shown[0].style, BoxStyle::Plain);
-        ASSERT_EQ(t.shell.calls.size(), 1u);
-        const FakeShell::Call& open = t.shell.calls[0];
-        EXPECT_EQ(open.file + "|" + open.parameters + "|" + open.directory, t.Path("Error.log") + "|0|0");
-        EXPECT_EQ(open.show, 1);
+        EXPECT_EQ(t.boxes.shown, boxes) << sizeAtStart;
+        EXPECT_EQ(t.shell.calls, opened) << sizeAtStart;
     }
 }

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "app/enable_controls.h"
+#include "app/main_window_events.h"
 #include "app/toolbar_commands.h"
 #include "core/runtime_error.h"
 #include "core/status_line.h"
@@ -78,11 +79,7 @@ TEST(Toolbar, HelpOpensTheHelpFileMaximisedWithItsButtonDisabledMeanwhile) {
     t.app.programFolder = "C:\\Prog";
     ToolbarClick(t.app, "help");
     ToolbarClick(t.app, "h2");
-    ASSERT_EQ(t.shell.calls.size(), 2u);
-    for (const FakeShell::Call& call : t.shell.calls) {
-        EXPECT_EQ(call.file + "|" + call.parameters + "|" + call.directory, "C:\\Prog\\Klickwerk.chm||");
-        EXPECT_EQ(call.show, 3);
-    }
+    EXPECT_EQ(t.shell.calls, ShellCalls(2, {"C:\\Prog\\Klickwerk.chm", "", "", 3}));
     EXPECT_EQ(helpEnabled, (std::vector<bool>{false, false}));
     EXPECT_TRUE(t.main.IsEnabled(Control::ToolHelp));
 }
@@ -116,6 +113,37 @@ TEST(Toolbar, AFailingSeamIsLoggedAndLeavesItsButtonUsable) {
     ToolbarClick(t.app, "settings");
     EXPECT_NE(t.ReadFile("Error.log").find("Klickwerk File not found 53 TBBDown/Up 0\r\n"), std::string::npos);
     EXPECT_TRUE(Disabled(t.main).empty());
+}
+
+TEST(StatusPanelClick, OnlyTheKeyedPanelsRunTheirCommands) {
+    TestApp t;
+    std::vector<std::string> ran;
+    t.app.seams.changeStopKey = [&ran] { ran.push_back("changeStopKey"); };
+    t.app.seams.resetStepCounter = [&ran] { ran.push_back("resetStepCounter"); };
+    t.app.seams.changeSteps = [&ran] { ran.push_back("changeSteps"); };
+    for (int panel : {-1, 0, 1, 2, 3, 4, 5, 6, 7}) StatusPanelClick(t.app, panel);
+    EXPECT_EQ(ran, (std::vector<std::string>{"changeStopKey", "resetStepCounter", "changeSteps"}));
+}
+
+TEST(MainWindowResized, CentresTheHintFrameOnlyWhileItIsVisible) {
+    TestApp t;
+    MainWindowResized(t.app);
+    EXPECT_EQ(t.hint.centred, 0);
+    t.hint.SetVisible(true);
+    MainWindowResized(t.app);
+    EXPECT_EQ(t.hint.centred, 1);
+}
+
+TEST(MainWindowMoved, AnOpenSettingsPanelFollowsAtOnce) {
+    TestApp t;
+    t.main.bounds = {0, 0, 400, 300};
+    t.settingsPanel.bounds = {0, 0, 100, 100};
+    MainWindowMoved(t.app);
+    EXPECT_EQ(t.settingsPanel.moves, 0) << "a closed panel stays where it is";
+    t.settingsPanel.keepAttached = true;
+    MainWindowMoved(t.app);
+    EXPECT_EQ((std::vector<int>{t.settingsPanel.bounds.left, t.settingsPanel.bounds.top}),
+              (std::vector<int>{400, 100}));
 }
 
 class StatusLineTest : public ::testing::Test {
@@ -153,10 +181,7 @@ TEST_F(StatusLineTest, MessagesDisappearAfterTheDelayOfTheNewest) {
 
 TEST_F(StatusLineTest, ABoxMessageIsAlsoShownInAnInformationBox) {
     ShowStatus(t.app, "Nothing to save.", true, true);
-    ASSERT_EQ(t.boxes.shown.size(), 1u);
-    EXPECT_EQ(t.boxes.shown[0].text, "Nothing to save.");
-    EXPECT_EQ(t.boxes.shown[0].title, t.app.appTitle);
-    EXPECT_EQ(t.boxes.shown[0].style, BoxStyle::Information);
+    EXPECT_EQ(t.boxes.shown, (ShownBoxes{{"Nothing to save.", t.app.appTitle, BoxStyle::Information}}));
     EXPECT_EQ(After(4999), "Nothing to save.");
 }
 

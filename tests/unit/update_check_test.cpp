@@ -157,14 +157,10 @@ TEST(UpdateCheck, TheButtonsOpenThePageAndTheArchiveOfTheServerFolder) {
         events.Download();
     };
     ShowUpdates(t.app);
-    ASSERT_EQ(t.shell.calls.size(), 2u);
-    EXPECT_EQ(t.shell.calls[0].file, kMirror + "Updates.htm");
-    const FakeShell::Call& download = t.shell.calls[1];
-    EXPECT_EQ(download.file + " " + download.parameters + " " + download.directory, kMirror + "klickwerk.zip 0 0");
-    EXPECT_EQ(download.show, win::kSwShowMaximized);
-    ASSERT_EQ(t.boxes.shown.size(), 1u);
-    EXPECT_EQ(t.boxes.shown[0].text, "Please close Klickwerk v1.0 before installing the update.");
-    EXPECT_EQ(t.boxes.shown[0].style, BoxStyle::SystemModalInformation);
+    EXPECT_EQ(t.shell.calls, (ShellCalls{{kMirror + "Updates.htm", "", "", win::kSwShowNormal},
+                                         {kMirror + "klickwerk.zip", "0", "0", win::kSwShowMaximized}}));
+    EXPECT_EQ(t.boxes.shown, (ShownBoxes{{"Please close Klickwerk v1.0 before installing the update.", "Klickwerk v1.0",
+                                          BoxStyle::SystemModalInformation}}));
     EXPECT_FALSE(t.updates.open);
     EXPECT_EQ(t.LastCheck(), "11/21/2026");
 }
