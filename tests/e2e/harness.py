@@ -353,29 +353,32 @@ class WineOperations:
         return [control["text"] for control in self.driver("controls", f"hwnd={dialog['hwnd']}")
                 if control["class"] == "Edit" and control["visible"]]
 
-    def enter_file_name(self, dialog_title, name, attempts=3):
+    def enter_file_name(self, dialog_title, name):
         """Types a name into the file name box of an open or save dialog and
-        confirms it with Return, as the user does. On a loaded machine X can
-        lose a keystroke, so the box is read back before Return, and Return
-        is pressed again only while the dialog is still up."""
+        confirms it with Return, as the user does; Return is pressed again
+        only while the dialog is still up."""
         dialog = self.wait_for_dialog(dialog_title)
-
-        def until(action, done, what):
-            for attempt in range(1, attempts + 1):
-                self.focus(dialog_title)
-                action()
-                try:
-                    return wait_until(done, 5, what)
-                except AssertionError:
-                    if attempt == attempts:
-                        raise
 
         def dialog_gone():
             shown = self.driver("msgbox", allow_missing=True)
             return not shown or shown["hwnd"] != dialog["hwnd"]
-        until(lambda: self.xdotool("key", "ctrl+a") + self.xdotool("type", "--delay", "20", name),
-              lambda: name in self.file_name_box(dialog), f"{name!r} in the file name box")
-        until(lambda: self.xdotool("key", "Return"), dialog_gone, f"the dialog {dialog_title!r} to take the name")
+        self.type_until(dialog_title, lambda: (self.xdotool("key", "ctrl+a"), self.xdotool("type", "--delay", "20", name)),
+                        lambda: name in self.file_name_box(dialog), f"{name!r} in the file name box")
+        self.type_until(dialog_title, lambda: self.xdotool("key", "Return"), dialog_gone,
+                        f"the dialog {dialog_title!r} to take the name")
+
+    def type_until(self, title, send, done, what, attempts=3):
+        """Gives the window the X focus and sends keys until done() holds: on
+        a loaded machine X can lose a keystroke, so what they did is read
+        back and the keys sent again."""
+        for attempt in range(1, attempts + 1):
+            self.focus(title)
+            send()
+            try:
+                return wait_until(done, 5, what)
+            except AssertionError:
+                if attempt == attempts:
+                    raise
 
     # Probe ----------------------------------------------------------------------------
 
